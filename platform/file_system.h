@@ -1,0 +1,32 @@
+// Files and folders. Paths are UTF-8; an implementation may use either
+// separator.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "base/result.h"
+
+namespace tavrin::platform {
+
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+  virtual Result<std::string> ReadFile(std::string_view path) = 0;
+  // Replaces the file as a whole: a failure leaves the old file as it was.
+  virtual Status WriteFile(std::string_view path, std::string_view bytes) = 0;
+  virtual bool FileExists(std::string_view path) = 0;
+  virtual bool FolderExists(std::string_view path) = 0;
+  virtual Status CreateFolders(std::string_view path) = 0;
+};
+
+// The operating system's shell: the temporary folder and opening a document
+// (a page in the user's browser).
+class Shell {
+ public:
+  virtual ~Shell() = default;
+  virtual std::string TempFolder() = 0;
+  virtual Status OpenDocument(std::string_view path) = 0;
+};
+
+}  // namespace tavrin::platform
