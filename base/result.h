@@ -27,6 +27,7 @@ class [[nodiscard]] Result {
   T* operator->() { return &value(); }
   const T* operator->() const { return &value(); }
   T& operator*() & { return value(); }
+  const T& operator*() const& { return value(); }
 
   const std::string& error() const { return std::get<1>(state_).message; }
 

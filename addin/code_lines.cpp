@@ -1,0 +1,95 @@
+#include "addin/code_lines.h"
+
+#include <algorithm>
+#include <string>
+
+#include "addin/code_pane.h"
+#include "addin/ignore_errors.h"
+#include "base/text.h"
+#include "base/utf8.h"
+#include "codegen/snippets.h"
+
+namespace tavrin::addin {
+namespace {
+
+// Types one blank at the caret, so the line is ready for the condition.
+void TypeBlank(Context& context) {
+  IgnoreErrors([&] { context.vbe.SendKeys(" "); });
+}
+
+// The object expression of a With block. The add-in lets the user pick it
+// from the objects in scope; here it is asked for directly.
+std::optional<std::string> AskWithObject(Context& context) {
+  return context.ui.InputBox("Object expression", "With", "");
+}
+
+}  // namespace
+
+bool InsertCodeLines(Context& context, std::string_view command_name) {
+  const bool known = codegen::IfFormOf(command_name) || codegen::LoopFormOf(command_name) ||
+                     command_name == "With";
+  if (!known || !IsCodePaneReady(context)) return known;
+  if (codegen::IfFormOf(command_name)) {
+    InsertIfBlock(context, command_name);
+  } else if (codegen::LoopFormOf(command_name)) {
+    InsertLoopBlock(context, command_name);
+  } else if (const auto object_text = AskWithObject(context)) {
+    InsertWithBlock(context, *object_text);
+  }
+  return true;
+}
+
+void InsertIfBlock(Context& context, std::string_view command_name) {
+  const auto form = codegen::IfFormOf(command_name);
+  if (!form) return;
+  long long else_if_count = 0;
+  if (codegen::AsksElseIfCount(*form)) {
+    const auto answer = context.ui.InputBox("Number of 'ElseIf'", command_name, "");
+    if (!answer) return;
+    else_if_count = std::max(LeadingNumber(*answer), 0LL);
+    if (else_if_count > kMaxElseIfCount) {
+      context.ui.MessageBox("Number of 'ElseIf' must be between 0 and " +
+                                std::to_string(kMaxElseIfCount) + ".",
+                            platform::Buttons::kOk, platform::Icon::kExclamation,
+                            platform::kAppTitle);
+      return;
+    }
+  }
+  const std::string margin = Blanks(CaretMargin(context));
+  const std::string text = codegen::IfBlockText(
+      *form, margin, IndentString(context.ide_options), static_cast<int>(else_if_count));
+  InsertBlock(context, text, static_cast<int>(margin.size()) + 3);
+  TypeBlank(context);
+}
+
+void InsertLoopBlock(Context& context, std::string_view command_name) {
+  const codegen::LoopForm* form = codegen::LoopFormOf(command_name);
+  if (!form) return;
+  const std::string margin = Blanks(CaretMargin(context));
+  const std::string text =
+      codegen::LoopBlockText(*form, margin, IndentString(context.ide_options));
+  InsertBlock(context, text, static_cast<int>(margin.size()) + form->caret_offset);
+  TypeBlank(context);
+}
+
+bool InsertWithBlock(Context& context, std::string_view object_text) {
+  if (object_text.empty()) return false;
+  const auto pane = context.vbe.ActiveCodePane();
+  if (!pane) return false;
+  const std::string text = codegen::WithBlockText(object_text, Blanks(CaretMargin(context)),
+                                                  IndentString(context.ide_options));
+  IgnoreErrors([&] {
+    const auto module = pane->CodeModule();
+    const int line = pane->GetSelection().start_line;
+    if (line > module->CountOfLines()) module->InsertLines(line, "");
+    if (IsBlankOrEmpty(module->Lines(line, 1)))
+      module->ReplaceLine(line, text);
+    else
+      module->InsertLines(line + 1, text);
+    const int column = utf8::CharCount(module->Lines(line + 1, 1)) + 1;
+    pane->SetSelection({line + 1, column, line + 1, column});
+  });
+  return true;
+}
+
+}  // namespace tavrin::addin

@@ -1,0 +1,104 @@
+#include "platform/std_file_system.h"
+
+#include <cctype>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <system_error>
+
+namespace tavrin::platform {
+namespace fs = std::filesystem;
+namespace {
+
+fs::path ToPath(std::string_view utf8) {
+  return fs::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+std::string Quoted(std::string_view path) { return "'" + std::string(path) + "'"; }
+
+std::string Describe(const std::error_code& error) {
+  std::string text = error.message();
+  if (!text.empty()) text[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(text[0])));
+  return text;
+}
+
+std::string TemporarySibling(const fs::path& target) {
+  std::random_device random;
+  return target.filename().string() + ".tavrin-" + std::to_string(random() % 1000000) + ".tmp";
+}
+
+}  // namespace
+
+Result<std::string> StdFileSystem::ReadFile(std::string_view path) {
+  const fs::path file = ToPath(path);
+  std::error_code error;
+  const auto status = fs::status(file, error);
+  if (error || !fs::exists(status))
+    return Error{"cannot read " + Quoted(path) + ": no such file"};
+  if (fs::is_directory(status))
+    return Error{"cannot read " + Quoted(path) + ": it is a folder"};
+  std::ifstream in(file, std::ios::binary);
+  if (!in) return Error{"cannot read " + Quoted(path) + ": " + std::strerror(errno)};
+  std::string bytes;
+  const auto size = fs::file_size(file, error);
+  if (!error) bytes.reserve(static_cast<std::size_t>(size));
+  bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  if (in.bad()) return Error{"cannot read " + Quoted(path) + ": read error"};
+  return bytes;
+}
+
+Status StdFileSystem::WriteFile(std::string_view path, std::string_view bytes) {
+  const fs::path target = ToPath(path);
+  std::error_code error;
+  const auto status = fs::status(target, error);
+  if (fs::is_directory(status))
+    return Error{"cannot write " + Quoted(path) + ": it is a folder"};
+  const bool exists = fs::exists(status);
+  // The rename below would replace a read-only file; refuse as an editor does.
+  if (exists && (status.permissions() & fs::perms::owner_write) == fs::perms::none)
+    return Error{"cannot write " + Quoted(path) + ": the file is read-only"};
+
+  const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+  const fs::path temporary = folder / TemporarySibling(target);
+  {
+    std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
+    if (!out) return Error{"cannot write " + Quoted(path) + ": " + std::strerror(errno)};
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    out.flush();
+    if (!out) {
+      out.close();
+      fs::remove(temporary, error);
+      return Error{"cannot write " + Quoted(path) + ": the disk may be full"};
+    }
+  }
+  if (exists) fs::permissions(temporary, status.permissions(), error);
+  fs::rename(temporary, target, error);
+  if (error) {
+    std::error_code ignored;
+    fs::remove(temporary, ignored);
+    return Error{"cannot write " + Quoted(path) + ": " + Describe(error)};
+  }
+  return {};
+}
+
+bool StdFileSystem::FileExists(std::string_view path) {
+  std::error_code error;
+  return fs::is_regular_file(ToPath(path), error);
+}
+
+bool StdFileSystem::FolderExists(std::string_view path) {
+  std::error_code error;
+  return fs::is_directory(ToPath(path), error);
+}
+
+Status StdFileSystem::CreateFolders(std::string_view path) {
+  std::error_code error;
+  fs::create_directories(ToPath(path), error);
+  if (error) return Error{"cannot create folder " + Quoted(path) + ": " + Describe(error)};
+  return {};
+}
+
+}  // namespace tavrin::platform
