@@ -1,0 +1,21 @@
+// A command of the tool: its CLI11 subcommand and what it runs once the
+// command line is parsed.
+#pragma once
+
+#include <functional>
+
+#include <CLI/CLI.hpp>
+
+#include "cli/global_options.h"
+
+namespace tavrin::cli {
+
+struct Command {
+  CLI::App* app = nullptr;
+  // Returns the exit status; raises UsageError for bad usage or input.
+  std::function<int(const GlobalOptions&)> run;
+};
+
+Command AddSnippetCommand(CLI::App& app);
+
+}  // namespace tavrin::cli

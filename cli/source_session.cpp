@@ -1,0 +1,74 @@
+#include "cli/source_session.h"
+
+#include <array>
+#include <ostream>
+
+#include <nlohmann/json.hpp>
+
+#include "base/text.h"
+#include "cli/usage_error.h"
+
+namespace tavrin::cli {
+namespace {
+
+constexpr std::array<std::string_view, 7> kSourceExtensions = {
+    ".bas", ".cls", ".frm", ".ctl", ".dsr", ".pag", ".dob"};
+
+bool HasSourceExtension(std::string_view path) {
+  const auto dot = path.find_last_of('.');
+  if (dot == std::string_view::npos) return false;
+  for (std::string_view extension : kSourceExtensions)
+    if (EqualsIgnoreCase(path.substr(dot), extension)) return true;
+  return false;
+}
+
+}  // namespace
+
+void AddOutputOptions(CLI::App& command, OutputOptions& options) {
+  auto* output = command.add_option("-o,--output", options.output_path,
+                                    "Write the edited file to OUT");
+  auto* in_place = command.add_flag("-i,--in-place", options.in_place,
+                                    "Replace FILE with the edited file");
+  output->excludes(in_place);
+}
+
+SourceSession::SourceSession(platform::FileSystem& files, const std::string& path)
+    : files_(files), path_(path), vbe_(ide::memory::MemoryVbe::Create()) {
+  if (!HasSourceExtension(path))
+    throw UsageError("'" + path +
+                     "' is not a Visual Basic source file (.bas, .cls, .frm, .ctl or .dsr)");
+  auto component = vbe_->OpenFile(files, path);
+  if (!component) throw UsageError(component.error());
+  component_ = component.value();
+  pane_ = component_->CodeModule()->CodePane();
+  pane_->Show();
+}
+
+void SourceSession::WriteResult(const OutputOptions& output, bool json, std::ostream& out) {
+  const std::string bytes = component_->SourceBytes();
+  const std::string target = output.in_place ? path_ : output.output_path;
+  if (!target.empty()) {
+    if (const Status written = files_.WriteFile(target, bytes); !written)
+      throw UsageError(written.error());
+  }
+  if (json) {
+    out << CodeAsJson(*pane_->CodeModule(), pane_->GetSelection()) << '\n';
+  } else if (target.empty()) {
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  }
+  out.flush();
+}
+
+std::string CodeAsJson(ide::ICodeModule& module, const ide::TextRange& selection) {
+  nlohmann::json lines = nlohmann::json::array();
+  const int count = module.CountOfLines();
+  if (count > 0)
+    for (std::string_view line : SplitCrLf(module.Lines(1, count))) lines.push_back(line);
+  const nlohmann::json result = {
+      {"lines", std::move(lines)},
+      {"selection", {selection.start_line, selection.start_column, selection.end_line,
+                     selection.end_column}}};
+  return result.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+}
+
+}  // namespace tavrin::cli
