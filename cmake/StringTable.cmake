@@ -59,3 +59,8 @@ add_custom_command(
   DEPFILE ${TAVRIN_GENERATED_DIR}/string_table.d
   COMMENT "Generating the string table from resources/strings.txt"
   VERBATIM)
+
+# The resource script goes into the Windows binaries through windres.
+if(WIN32)
+  enable_language(RC)
+endif()

@@ -1,0 +1,18 @@
+# 64-bit Windows with mingw-w64; test programs run under Wine.
+set(TAVRIN_MINGW_TRIPLE x86_64-w64-mingw32)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+include(${CMAKE_CURRENT_LIST_DIR}/mingw-w64-common.cmake)
+
+# ctest starts every test program through the emulator. Wine gets a prefix of
+# its own inside the build folder (created on first use, which takes a while)
+# so that tests neither read nor change the user's ~/.wine; the Mono and Gecko
+# installers are switched off, since no test needs them and they would ask.
+find_program(TAVRIN_WINE NAMES wine wine64)
+if(TAVRIN_WINE)
+  set(CMAKE_CROSSCOMPILING_EMULATOR
+      ${CMAKE_COMMAND} -E env
+      WINEDEBUG=-all
+      WINEPREFIX=${CMAKE_BINARY_DIR}/wineprefix
+      WINEDLLOVERRIDES=mscoree,mshtml=
+      ${TAVRIN_WINE})
+endif()
