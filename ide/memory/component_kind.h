@@ -1,0 +1,23 @@
+// What kind of component a source file holds, and what a new one looks like.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ide/memory/source_file.h"
+#include "ide/object_model.h"
+
+namespace tavrin::ide::memory {
+
+// From the file's extension and, for forms, the designer class.
+ComponentType ComponentTypeOf(std::string_view path, const SourceFile& source);
+bool HasDesigner(ComponentType type);
+// The word in a designer window's caption: "Form", "UserControl", ...
+std::string DesignerCaptionWord(ComponentType type);
+// The header lines the IDE writes for a new component of that type.
+std::vector<std::string> NewComponentHeader(ComponentType type, std::string_view name);
+// The file's name without folder and extension.
+std::string FileStem(std::string_view path);
+
+}  // namespace tavrin::ide::memory

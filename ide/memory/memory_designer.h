@@ -1,0 +1,69 @@
+// The form designer of an in-memory component, over the designer block of
+// its source file: controls, and properties read from and written to their
+// property lines.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ide/memory/designer_layout.h"
+#include "ide/memory/source_file.h"
+#include "ide/object_model.h"
+
+namespace tavrin::ide::memory {
+
+class MemoryDesigner : public IDesigner, public std::enable_shared_from_this<MemoryDesigner> {
+ public:
+  explicit MemoryDesigner(std::shared_ptr<SourceFile> source);
+
+  std::shared_ptr<ICollection<IControl>> VBControls() override;
+
+  // By control ordinal (0-based, file order). Reading a property the control
+  // does not have raises ide::Error (9); writing one adds its line.
+  std::vector<std::string> PropertyNames(std::size_t control);
+  std::string ReadProperty(std::size_t control, std::string_view name);
+  void WriteProperty(std::size_t control, std::string_view name, std::string_view value);
+  ControlLayout Control(std::size_t control);
+
+ private:
+  // The key stored in the file: a tabbed container's Caption is the
+  // TabCaption of its current tab.
+  std::string StoredKey(const ControlLayout& control, std::string_view name);
+  std::optional<std::size_t> FindLine(const ControlLayout& control, std::string_view key);
+  void AddLine(const ControlLayout& control, std::string_view key, std::string_view value);
+
+  std::shared_ptr<SourceFile> source_;
+};
+
+class MemoryControl : public IControl {
+ public:
+  MemoryControl(std::shared_ptr<MemoryDesigner> designer, std::size_t ordinal);
+
+  std::string ClassName() override;
+  std::string ProgId() override;
+  std::shared_ptr<ICollection<IProperty>> Properties() override;
+  std::string Name();
+
+ private:
+  std::shared_ptr<MemoryDesigner> designer_;
+  std::size_t ordinal_;
+};
+
+class MemoryProperty : public IProperty {
+ public:
+  MemoryProperty(std::shared_ptr<MemoryDesigner> designer, std::size_t control,
+                 std::string name);
+
+  std::string Name() override { return name_; }
+  std::string Value() override;
+  void SetValue(std::string_view value) override;
+
+ private:
+  std::shared_ptr<MemoryDesigner> designer_;
+  std::size_t control_;
+  std::string name_;
+};
+
+}  // namespace tavrin::ide::memory
