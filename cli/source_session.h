@@ -9,6 +9,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include "ide/memory/memory_component.h"
+#include "ide/memory/memory_project.h"
 #include "ide/memory/memory_vbe.h"
 #include "platform/file_system.h"
 

@@ -1,0 +1,159 @@
+#include "addin/code_pane.h"
+
+#include "ide/memory/memory_window.h"
+#include "tests/addin/code_pane_fixture.h"
+
+namespace tavrin::addin {
+namespace {
+
+TEST_F(CodePaneTest, ReadyOnlyWithAProjectAndACodeWindowActive) {
+  EXPECT_FALSE(IsCodePaneReady(context_)) << "no project open";
+  Open({"x = 1"});
+  EXPECT_TRUE(IsCodePaneReady(context_));
+  vbe_->ActivateWindow(vbe_->ImmediateWindow());
+  EXPECT_FALSE(IsCodePaneReady(context_)) << "immediate window";
+  vbe_->ActivateWindow(vbe_->MainWindow());
+  EXPECT_FALSE(IsCodePaneReady(context_)) << "main window";
+  vbe_->ActivateWindow(nullptr);
+  EXPECT_FALSE(IsCodePaneReady(context_)) << "no window";
+}
+
+TEST_F(CodePaneTest, NotReadyWhileAFormDesignerIsActive) {
+  project_ = vbe_->AddProject("Project1");
+  auto form = project_->AddComponent(ide::ComponentType::kVBForm, "Form1", "");
+  ASSERT_NE(form->DesignerWindow(), nullptr);
+  vbe_->ActivateWindow(form->DesignerWindow());
+  EXPECT_FALSE(IsCodePaneReady(context_));
+}
+
+TEST_F(CodePaneTest, IndentUnitFollowsTheTabWidth) {
+  platform::FixedIdeOptions two(2), none;
+  EXPECT_EQ(IndentString(two), "  ");
+  EXPECT_EQ(IndentString(none), "    ");
+}
+
+TEST_F(CodePaneTest, CaretMarginFollowsTheCaretLine) {
+  const struct {
+    std::string name;
+    Lines code;
+    int line;
+    int column;
+    std::optional<int> tab_width;
+    int expected;
+  } cases[] = {
+      {"blank line, caret column 9, line above indented 4", {"    x = 1", ""}, 2, 9, {}, 8},
+      {"blank line, caret left of the line above's indent", {"    x = 1", ""}, 2, 3, {}, 4},
+      {"unindented line under an unindented line", {"x = 1", "y = 2"}, 2, 1, {}, 4},
+      {"unindented first line, tab width 2", {"x = 1"}, 1, 3, 2, 2},
+      {"line indented 8, caret at column 1", {"        x = 1"}, 1, 1, {}, 8},
+      {"line indented 8, caret inside the text", {"        x = 1"}, 1, 12, {}, 8},
+      {"line indented 8, caret past its end", {"        x = 1"}, 1, 30, {}, 8},
+      {"unindented line under an indented one", {"        x = 1", "y = 2"}, 2, 1, {}, 8},
+      {"blank line of blanks takes the caret column", {"x", "            "}, 2, 7, {}, 6},
+      {"caret on the line after the last", {"    x = 1"}, 2, 1, {}, 4},
+      {"empty module", {}, 1, 1, {}, 4},
+      {"tabs are not counted as blanks", {"\tx = 1"}, 1, 1, {}, 4},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    vbe_ = ide::memory::MemoryVbe::Create();
+    platform::FixedIdeOptions options(c.tab_width);
+    Context context{*vbe_, ui_, options};
+    Open(c.code, c.line, c.column);
+    EXPECT_EQ(CaretMargin(context), c.expected);
+  }
+}
+
+TEST_F(CodePaneTest, InsertBlockReplacesAnEmptyCaretLine) {
+  Open({"Sub A()", "", "End Sub"}, 2, 5);
+  EXPECT_EQ(InsertBlock(context_, "    x = 1\r\n    y = 2", 7), 2);
+  EXPECT_EQ(Code(), (Lines{"Sub A()", "    x = 1", "    y = 2", "End Sub"}));
+  EXPECT_EQ(Selection(), CaretAt(2, 7));
+}
+
+TEST_F(CodePaneTest, InsertBlockGoesBelowALineWithText) {
+  Open({"Sub A()", "    x = 1", "End Sub"}, 2, 3);
+  EXPECT_EQ(InsertBlock(context_, "    y = 2", 5), 3);
+  EXPECT_EQ(Code(), (Lines{"Sub A()", "    x = 1", "    y = 2", "End Sub"}));
+  EXPECT_EQ(Selection(), CaretAt(3, 5));
+}
+
+TEST_F(CodePaneTest, InsertBlockWithoutCaretColumnLeavesTheCaret) {
+  Open({"x = 1"}, 1, 2);
+  InsertBlock(context_, "y = 2", 0);
+  EXPECT_EQ(Code(), (Lines{"x = 1", "y = 2"}));
+  EXPECT_EQ(Selection(), CaretAt(1, 2));
+}
+
+TEST_F(CodePaneTest, InsertBlockIntoAnEmptyModule) {
+  Open({}, 1, 1);
+  InsertBlock(context_, "a\r\nb", 2);
+  EXPECT_EQ(Code(), (Lines{"a", "b"}));
+  EXPECT_EQ(Selection(), CaretAt(1, 2));
+}
+
+TEST_F(CodePaneTest, InsertBlockOnTheLineAfterTheLast) {
+  Open({"x = 1"}, 2, 1);
+  InsertBlock(context_, "y = 2", 1);
+  EXPECT_EQ(Code(), (Lines{"x = 1", "y = 2"}));
+  EXPECT_EQ(Selection(), CaretAt(2, 1));
+}
+
+TEST_F(CodePaneTest, CursorMarkerPlacesTheCaretAndDisappears) {
+  Open({"Sub A()", "    x = 1<cursor>", "End Sub"}, 1, 1);
+  PlaceCursorMarker(context_, 1, false);
+  EXPECT_EQ(Code(), (Lines{"Sub A()", "    x = 1", "End Sub"}));
+  EXPECT_EQ(Selection(), CaretAt(2, 10));
+}
+
+TEST_F(CodePaneTest, EveryMarkerIsRemovedAndTheCaretStaysAtTheLast) {
+  Open({"<cursor>a", "b<CURSOR>c<Cursor>", "d", "  <cursor>"}, 1, 1);
+  PlaceCursorMarker(context_, 1, false);
+  EXPECT_EQ(Code(), (Lines{"a", "bc", "d", "  "}));
+  EXPECT_EQ(Selection(), CaretAt(4, 3));
+}
+
+TEST_F(CodePaneTest, MarkersAboveTheStartLineStay) {
+  Open({"<cursor>a", "b<cursor>"}, 1, 1);
+  PlaceCursorMarker(context_, 2, false);
+  EXPECT_EQ(Code(), (Lines{"<cursor>a", "b"}));
+  EXPECT_EQ(Selection(), CaretAt(2, 2));
+}
+
+TEST_F(CodePaneTest, RemoveOnlyLeavesTheCaret) {
+  Open({"a<cursor>", "b"}, 2, 1);
+  PlaceCursorMarker(context_, 1, true);
+  EXPECT_EQ(Code(), (Lines{"a", "b"}));
+  EXPECT_EQ(Selection(), CaretAt(2, 1));
+}
+
+TEST_F(CodePaneTest, NoMarkerChangesNothing) {
+  Open({"a", "b"}, 2, 1);
+  PlaceCursorMarker(context_, 1, false);
+  EXPECT_EQ(Code(), (Lines{"a", "b"}));
+  EXPECT_EQ(Selection(), CaretAt(2, 1));
+}
+
+TEST_F(CodePaneTest, MarkerColumnsCountCharacters) {
+  Open({"s = \"Café\" <cursor>"}, 1, 1);
+  PlaceCursorMarker(context_, 1, false);
+  EXPECT_EQ(Code(), (Lines{"s = \"Café\" "}));
+  EXPECT_EQ(Selection(), CaretAt(1, 12));
+}
+
+TEST_F(CodePaneTest, MarkerWorksOnAGivenPaneWithoutAnActiveOne) {
+  Open({"a<cursor>"}, 1, 1);
+  vbe_->ActivateWindow(nullptr);
+  PlaceCursorMarker(context_, 1, false, pane_);
+  EXPECT_EQ(Code(), (Lines{"a"}));
+  EXPECT_EQ(Selection(), CaretAt(1, 2));
+}
+
+TEST_F(CodePaneTest, NoActivePaneMeansNothingHappens) {
+  PlaceCursorMarker(context_, 1, false);  // no project, no pane: returns quietly
+  EXPECT_EQ(CaretMargin(context_), 4);
+  EXPECT_EQ(InsertBlock(context_, "x", 1), 0);
+}
+
+}  // namespace
+}  // namespace tavrin::addin
