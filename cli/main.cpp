@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
 #endif
   CLI::App app{"Builds and transforms Visual Basic code in exported source files.", "tavrin"};
   app.set_version_flag("--version", "tavrin " TAVRIN_VERSION);
-  app.require_subcommand(1);
+  app.require_subcommand(0, 1);
   app.fallthrough();
   GlobalOptionParser global_options(app);
   std::vector<Command> commands = {AddSnippetCommand(app)};

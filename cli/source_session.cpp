@@ -62,8 +62,10 @@ void SourceSession::WriteResult(const OutputOptions& output, bool json, std::ost
 std::string CodeAsJson(ide::ICodeModule& module, const ide::TextRange& selection) {
   nlohmann::json lines = nlohmann::json::array();
   const int count = module.CountOfLines();
-  if (count > 0)
-    for (std::string_view line : SplitCrLf(module.Lines(1, count))) lines.push_back(line);
+  if (count > 0) {
+    const std::string code = module.Lines(1, count);
+    for (std::string_view line : SplitCrLf(code)) lines.push_back(line);
+  }
   const nlohmann::json result = {
       {"lines", std::move(lines)},
       {"selection", {selection.start_line, selection.start_column, selection.end_line,
