@@ -128,15 +128,18 @@ void MemoryDesigner::WriteProperty(std::size_t control, std::string_view name,
   }
   const std::string key = StoredKey(layout, name);
   const auto line = FindLine(layout, key);
+  // The IDE leaves a tabbed container's default tab (0) out of the file, so
+  // a Tab line added here goes again when tab 0 is chosen: visiting the tabs
+  // and coming back leaves the file as it was.
+  const bool is_tab = EqualsIgnoreCase(key, "Tab");
   if (!line) {
-    // The IDE leaves a property at its default out of the file; tab 0 is a
-    // tabbed container's default.
-    if (EqualsIgnoreCase(key, "Tab") && value == "0") return;
+    if (is_tab && value == "0") return;
     AddLine(layout, key, value);
+    if (is_tab) added_tab_lines_.insert(control);
     return;
   }
   if (ReadProperty(control, name) == value) return;
-  if (EqualsIgnoreCase(key, "Tab") && value == "0") {
+  if (is_tab && value == "0" && added_tab_lines_.erase(control) > 0) {
     source_->EraseHeader(*line);
     return;
   }

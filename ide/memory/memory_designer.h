@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,6 +36,8 @@ class MemoryDesigner : public IDesigner, public std::enable_shared_from_this<Mem
   void AddLine(const ControlLayout& control, std::string_view key, std::string_view value);
 
   std::shared_ptr<SourceFile> source_;
+  // Controls whose Tab line was added by WriteProperty.
+  std::set<std::size_t> added_tab_lines_;
 };
 
 class MemoryControl : public IControl {
