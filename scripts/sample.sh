@@ -1,0 +1,80 @@
+#!/usr/bin/env bash
+# Builds the tavrin tool (Linux, dev preset) and runs its jobs on the sample
+# project in sample/. The sample is copied to a scratch folder first, so the
+# files in the repository never change.
+#
+# The jobs are a list: to add one, write a function job_<name> below and put
+# <name> in JOBS. Each job gets the scratch copy in $work and the tool in
+# $tavrin.
+set -euo pipefail
+
+cd "$(dirname "$0")/.."
+root=$PWD
+
+JOBS=(
+  snippet_if_then_elseif_else
+  snippet_for_next_in_place
+)
+
+# Prints and runs one command.
+run() {
+  printf '$'
+  printf ' %q' "$@"
+  printf '\n'
+  "$@"
+}
+
+# The code-module line (what --caret counts) of the first line of FILE that
+# contains TEXT: the file line less the Attribute lines of the header, which
+# the IDE hides.
+code_line() {
+  local file=$1 text=$2
+  local file_line header
+  file_line=$(grep -n -F -m1 -- "$text" "$file" | cut -d: -f1)
+  if [[ -z $file_line ]]; then
+    echo "sample.sh: '$text' not found in $file" >&2
+    return 1
+  fi
+  header=$(awk '!/^Attribute /{print NR - 1; exit}' "$file")
+  echo $((file_line - header))
+}
+
+# "If Then ElseIf Else" below the first statement of Sub Main, with one ElseIf
+# (the answer to the tool's question); the edited module comes out as JSON.
+job_snippet_if_then_elseif_else() {
+  local line
+  line=$(code_line "$work/basMain.bas" "Set gItems = New Collection")
+  run "$tavrin" snippet "If Then ElseIf Else" "$work/basMain.bas" \
+    --caret "$line:5" --answer 1 --json
+}
+
+# "ForNext" written into the file itself; the changed lines are shown as a diff.
+job_snippet_for_next_in_place() {
+  local line
+  line=$(code_line "$work/basMain.bas" "LoadStock = True")
+  cp "$work/basMain.bas" "$work/basMain.before.bas"
+  run "$tavrin" snippet ForNext "$work/basMain.bas" --caret "$line:5" -i
+  run diff -u "$work/basMain.before.bas" "$work/basMain.bas" || true
+}
+
+echo "==> bash scripts/install-deps.sh --linux-only"
+bash scripts/install-deps.sh --linux-only
+echo "==> cmake --preset dev"
+cmake --preset dev >/dev/null
+echo "==> cmake --build --preset dev --target tavrin"
+cmake --build --preset dev --target tavrin
+tavrin=$root/build/dev/tavrin
+
+work=$(mktemp -d "${TMPDIR:-/tmp}/tavrin-sample.XXXXXX")
+trap 'rm -rf "$work"' EXIT
+cp -R sample/. "$work/"
+# The tool's own folder (INI files, code folders) in the scratch folder too.
+export TAVRIN_HOME=$work/.tavrin
+
+for job in "${JOBS[@]}"; do
+  echo
+  echo "==> job $job"
+  "job_$job"
+done
+echo
+echo "==> sample jobs done"
