@@ -8,6 +8,8 @@
 #include <string_view>
 
 #include "base/result.h"
+#include "ide/memory/memory_code_pane.h"
+#include "ide/memory/memory_window.h"
 #include "ide/memory/source_file.h"
 #include "ide/object_model.h"
 #include "platform/file_system.h"
@@ -15,11 +17,9 @@
 namespace tavrin::ide::memory {
 
 class MemoryCodeModule;
-class MemoryCodePane;
 class MemoryDesigner;
 class MemoryProject;
 class MemoryVbe;
-class MemoryWindow;
 
 class MemoryComponent : public IComponent, public std::enable_shared_from_this<MemoryComponent> {
  public:

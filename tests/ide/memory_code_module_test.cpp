@@ -189,7 +189,9 @@ TEST_F(MemoryCodeModuleTest, FindHonoursTheRange) {
     TextRange range = test.range;
     EXPECT_EQ(module->Find("ab", range), test.found)
         << test.range.start_line << ":" << test.range.start_column;
-    if (test.found) EXPECT_EQ(range, test.match);
+    if (test.found) {
+      EXPECT_EQ(range, test.match);
+    }
   }
 }
 
