@@ -25,6 +25,7 @@ if [[ $linux_only == 0 ]]; then
     g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix
     binutils-mingw-w64-x86-64 binutils-mingw-w64-i686
     wine wine64
+    xvfb xauth
   )
 fi
 
