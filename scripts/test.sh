@@ -17,14 +17,15 @@ step() {
 started=$SECONDS
 step bash scripts/install-deps.sh
 
+# The 32-bit build first, so the test summaries close the output.
+step cmake --preset win32
+step cmake --build --preset win32
+
 for preset in dev asan win64; do
   step cmake --preset "$preset"
   step cmake --build --preset "$preset"
   step ctest --preset "$preset"
 done
-
-step cmake --preset win32
-step cmake --build --preset win32
 
 echo
 echo "==> all builds and tests passed in $((SECONDS - started)) s"
