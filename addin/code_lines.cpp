@@ -26,12 +26,14 @@ std::optional<std::string> AskWithObject(Context& context) {
 }  // namespace
 
 bool InsertCodeLines(Context& context, std::string_view command_name) {
-  const bool known = codegen::IfFormOf(command_name) || codegen::LoopFormOf(command_name) ||
-                     command_name == "With";
-  if (!known || !IsCodePaneReady(context)) return known;
-  if (codegen::IfFormOf(command_name)) {
+  const bool is_if = codegen::IfFormOf(command_name).has_value();
+  const bool is_loop = codegen::LoopFormOf(command_name) != nullptr;
+  const bool is_with = command_name == "With";
+  if (!is_if && !is_loop && !is_with) return false;
+  if (!IsCodePaneReady(context)) return true;
+  if (is_if) {
     InsertIfBlock(context, command_name);
-  } else if (codegen::LoopFormOf(command_name)) {
+  } else if (is_loop) {
     InsertLoopBlock(context, command_name);
   } else if (const auto object_text = AskWithObject(context)) {
     InsertWithBlock(context, *object_text);

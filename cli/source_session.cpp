@@ -1,28 +1,14 @@
 #include "cli/source_session.h"
 
-#include <array>
 #include <ostream>
 
 #include <nlohmann/json.hpp>
 
 #include "base/text.h"
 #include "cli/usage_error.h"
+#include "ide/memory/component_kind.h"
 
 namespace tavrin::cli {
-namespace {
-
-constexpr std::array<std::string_view, 7> kSourceExtensions = {
-    ".bas", ".cls", ".frm", ".ctl", ".dsr", ".pag", ".dob"};
-
-bool HasSourceExtension(std::string_view path) {
-  const auto dot = path.find_last_of('.');
-  if (dot == std::string_view::npos) return false;
-  for (std::string_view extension : kSourceExtensions)
-    if (EqualsIgnoreCase(path.substr(dot), extension)) return true;
-  return false;
-}
-
-}  // namespace
 
 void AddOutputOptions(CLI::App& command, OutputOptions& options) {
   auto* output = command.add_option("-o,--output", options.output_path,
@@ -34,7 +20,7 @@ void AddOutputOptions(CLI::App& command, OutputOptions& options) {
 
 SourceSession::SourceSession(platform::FileSystem& files, const std::string& path)
     : files_(files), path_(path), vbe_(ide::memory::MemoryVbe::Create()) {
-  if (!HasSourceExtension(path))
+  if (!ide::memory::IsSourceFileName(path))
     throw UsageError("'" + path +
                      "' is not a Visual Basic source file (.bas, .cls, .frm, .ctl or .dsr)");
   auto component = vbe_->OpenFile(files, path);

@@ -81,17 +81,6 @@ struct WindowTraits {
   static constexpr HWND kEmpty = nullptr;
   static void Close(HWND window) { ::DestroyWindow(window); }
 };
-struct GlobalMemoryTraits {
-  using Handle = HGLOBAL;
-  static constexpr HGLOBAL kEmpty = nullptr;
-  static void Close(HGLOBAL memory) { ::GlobalFree(memory); }
-};
-// Kernel objects whose empty value is null (not INVALID_HANDLE_VALUE).
-struct KernelHandleTraits {
-  using Handle = HANDLE;
-  static constexpr HANDLE kEmpty = nullptr;
-  static void Close(HANDLE handle) { ::CloseHandle(handle); }
-};
 struct WindowsHookTraits {
   using Handle = HHOOK;
   static constexpr HHOOK kEmpty = nullptr;
@@ -100,8 +89,6 @@ struct WindowsHookTraits {
 
 using UniqueHkey = UniqueHandle<RegistryKeyTraits>;
 using UniqueHwnd = UniqueHandle<WindowTraits>;
-using UniqueHglobal = UniqueHandle<GlobalMemoryTraits>;
-using UniqueHandleObject = UniqueHandle<KernelHandleTraits>;
 using UniqueHhook = UniqueHandle<WindowsHookTraits>;
 
 // The module that holds this code: the DLL when it is one, not the host.

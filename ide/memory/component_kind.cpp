@@ -6,27 +6,59 @@
 namespace tavrin::ide::memory {
 namespace {
 
-std::string_view Extension(std::string_view path) {
+struct Kind {
+  ComponentType type;
+  std::string_view extension;  // empty: no file of its own
+  std::string_view designer;   // the root object's class; empty: no designer
+  std::string_view caption_word;
+};
+
+// VBMDIForm shares .frm with VBForm and is told apart by its root class.
+constexpr Kind kKinds[] = {
+    {ComponentType::kStdModule, "bas", "", ""},
+    {ComponentType::kClassModule, "cls", "", ""},
+    {ComponentType::kVBForm, "frm", "VB.Form", "Form"},
+    {ComponentType::kVBMDIForm, "", "VB.MDIForm", "MDIForm"},
+    {ComponentType::kUserControl, "ctl", "VB.UserControl", "UserControl"},
+    {ComponentType::kPropPage, "pag", "VB.PropertyPage", "PropertyPage"},
+    {ComponentType::kDocObject, "dob", "VB.UserDocument", "UserDocument"},
+    {ComponentType::kActiveXDesigner, "dsr", "VB.Form", "Designer"},
+    {ComponentType::kMSForm, "", "VB.Form", "UserForm"},
+};
+
+const Kind* KindOf(ComponentType type) {
+  for (const Kind& kind : kKinds)
+    if (kind.type == type) return &kind;
+  return nullptr;
+}
+
+// The file's name without its folder.
+std::string_view FileName(std::string_view path) {
   const auto slash = path.find_last_of("/\\");
-  const std::string_view file = slash == std::string_view::npos ? path : path.substr(slash + 1);
+  return slash == std::string_view::npos ? path : path.substr(slash + 1);
+}
+
+const Kind* KindOfFile(std::string_view path) {
+  const std::string_view file = FileName(path);
   const auto dot = file.rfind('.');
-  return dot == std::string_view::npos ? std::string_view() : file.substr(dot + 1);
+  if (dot == std::string_view::npos) return nullptr;
+  for (const Kind& kind : kKinds)
+    if (!kind.extension.empty() && EqualsIgnoreCase(file.substr(dot + 1), kind.extension))
+      return &kind;
+  return nullptr;
 }
 
 std::string Quoted(std::string_view name) { return "\"" + std::string(name) + "\""; }
 
 }  // namespace
 
+bool IsSourceFileName(std::string_view path) { return KindOfFile(path) != nullptr; }
+
 ComponentType ComponentTypeOf(std::string_view path, const SourceFile& source) {
-  const std::string extension = ToLowerAscii(Extension(path));
+  const Kind* kind = KindOfFile(path);
   const std::string root = RootProgId(source.header());
-  if (extension == "bas") return ComponentType::kStdModule;
-  if (extension == "cls") return ComponentType::kClassModule;
-  if (extension == "ctl") return ComponentType::kUserControl;
-  if (extension == "pag") return ComponentType::kPropPage;
-  if (extension == "dob") return ComponentType::kDocObject;
-  if (extension == "dsr") return ComponentType::kActiveXDesigner;
-  if (extension == "frm" || !root.empty()) {
+  if (kind && kind->type != ComponentType::kVBForm) return kind->type;
+  if (kind || !root.empty()) {
     return EqualsIgnoreCase(root, "VB.MDIForm") ? ComponentType::kVBMDIForm
                                                 : ComponentType::kVBForm;
   }
@@ -34,79 +66,36 @@ ComponentType ComponentTypeOf(std::string_view path, const SourceFile& source) {
 }
 
 bool HasDesigner(ComponentType type) {
-  switch (type) {
-    case ComponentType::kVBForm:
-    case ComponentType::kVBMDIForm:
-    case ComponentType::kUserControl:
-    case ComponentType::kPropPage:
-    case ComponentType::kDocObject:
-    case ComponentType::kActiveXDesigner:
-    case ComponentType::kMSForm:
-      return true;
-    default:
-      return false;
-  }
+  const Kind* kind = KindOf(type);
+  return kind && !kind->designer.empty();
 }
 
 std::string DesignerCaptionWord(ComponentType type) {
-  switch (type) {
-    case ComponentType::kVBMDIForm: return "MDIForm";
-    case ComponentType::kUserControl: return "UserControl";
-    case ComponentType::kPropPage: return "PropertyPage";
-    case ComponentType::kDocObject: return "UserDocument";
-    case ComponentType::kActiveXDesigner: return "Designer";
-    case ComponentType::kMSForm: return "UserForm";
-    default: return "Form";
-  }
+  const Kind* kind = KindOf(type);
+  return kind && !kind->caption_word.empty() ? std::string(kind->caption_word) : "Form";
 }
 
 std::vector<std::string> NewComponentHeader(ComponentType type, std::string_view name) {
   std::vector<std::string> lines;
-  const std::string vb_name = "Attribute VB_Name = " + Quoted(name);
-  auto designer = [&](std::string_view version, std::string_view prog_id,
-                      std::string_view object_name) {
-    lines.push_back("VERSION " + std::string(version));
-    lines.push_back("Begin " + std::string(prog_id) + " " + std::string(object_name));
-    lines.push_back("   Caption         =   " + Quoted(name));
-    lines.push_back("End");
-  };
-  switch (type) {
-    case ComponentType::kStdModule:
-      break;
-    case ComponentType::kClassModule:
-      lines = {"VERSION 1.0 CLASS", "BEGIN", "  MultiUse = -1  'True", "END"};
-      break;
-    case ComponentType::kVBMDIForm:
-      designer("5.00", "VB.MDIForm", name);
-      break;
-    case ComponentType::kUserControl:
-      designer("5.00", "VB.UserControl", name);
-      break;
-    case ComponentType::kPropPage:
-      designer("5.00", "VB.PropertyPage", name);
-      break;
-    case ComponentType::kDocObject:
-      designer("5.00", "VB.UserDocument", name);
-      break;
-    default:
-      if (HasDesigner(type)) designer("5.00", "VB.Form", name);
-      break;
+  if (type == ComponentType::kClassModule) {
+    lines = {"VERSION 1.0 CLASS", "BEGIN", "  MultiUse = -1  'True", "END"};
+  } else if (HasDesigner(type)) {
+    lines = {"VERSION 5.00", "Begin " + std::string(KindOf(type)->designer) + " " + std::string(name),
+             "   Caption         =   " + Quoted(name), "End"};
   }
-  lines.push_back(vb_name);
+  lines.push_back("Attribute VB_Name = " + Quoted(name));
   if (type != ComponentType::kStdModule) {
-    const bool creatable = type == ComponentType::kClassModule;
+    const bool is_class = type == ComponentType::kClassModule;
     lines.push_back("Attribute VB_GlobalNameSpace = False");
-    lines.push_back(std::string("Attribute VB_Creatable = ") + (creatable ? "True" : "False"));
-    lines.push_back("Attribute VB_PredeclaredId = " +
-                    std::string(type == ComponentType::kClassModule ? "False" : "True"));
+    lines.push_back(std::string("Attribute VB_Creatable = ") + (is_class ? "True" : "False"));
+    lines.push_back(std::string("Attribute VB_PredeclaredId = ") + (is_class ? "False" : "True"));
     lines.push_back("Attribute VB_Exposed = False");
   }
   return lines;
 }
 
 std::string FileStem(std::string_view path) {
-  const auto slash = path.find_last_of("/\\");
-  std::string_view file = slash == std::string_view::npos ? path : path.substr(slash + 1);
+  std::string_view file = FileName(path);
   const auto dot = file.rfind('.');
   if (dot != std::string_view::npos && dot > 0) file = file.substr(0, dot);
   return std::string(file);

@@ -10,6 +10,9 @@
 
 namespace tavrin::ide::memory {
 
+// True for the extensions of exported components: .bas .cls .frm .ctl .pag
+// .dob .dsr (any case).
+bool IsSourceFileName(std::string_view path);
 // From the file's extension and, for forms, the designer class.
 ComponentType ComponentTypeOf(std::string_view path, const SourceFile& source);
 bool HasDesigner(ComponentType type);

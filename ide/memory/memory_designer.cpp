@@ -37,9 +37,7 @@ bool IsTextProperty(std::string_view key) {
 }
 
 std::string Leading(std::string_view text) {
-  return std::string(text.substr(0, text.find_first_not_of(" \t") == std::string_view::npos
-                                        ? text.size()
-                                        : text.find_first_not_of(" \t")));
+  return std::string(text.substr(0, std::min(text.find_first_not_of(" \t"), text.size())));
 }
 
 }  // namespace
@@ -47,7 +45,7 @@ std::string Leading(std::string_view text) {
 MemoryDesigner::MemoryDesigner(std::shared_ptr<SourceFile> source) : source_(std::move(source)) {}
 
 std::shared_ptr<ICollection<IControl>> MemoryDesigner::VBControls() {
-  const std::size_t count = ParseDesignerLayout(source_->header()).size();
+  const std::size_t count = Layout().size();
   std::vector<std::shared_ptr<IControl>> controls;
   for (std::size_t i = 0; i < count; ++i)
     controls.push_back(std::make_shared<MemoryControl>(shared_from_this(), i));
@@ -56,14 +54,19 @@ std::shared_ptr<ICollection<IControl>> MemoryDesigner::VBControls() {
   });
 }
 
-ControlLayout MemoryDesigner::Control(std::size_t control) {
-  auto layout = ParseDesignerLayout(source_->header());
-  if (control >= layout.size()) throw Error(9, "Subscript out of range");
-  return std::move(layout[control]);
+const std::vector<ControlLayout>& MemoryDesigner::Layout() {
+  if (!layout_) layout_ = ParseDesignerLayout(source_->header());
+  return *layout_;
+}
+
+const ControlLayout& MemoryDesigner::Control(std::size_t control) {
+  const auto& layout = Layout();
+  if (control >= layout.size()) NoSuchProperty();
+  return layout[control];
 }
 
 std::vector<std::string> MemoryDesigner::PropertyNames(std::size_t control) {
-  const ControlLayout layout = Control(control);
+  const ControlLayout& layout = Control(control);
   std::vector<std::string> keys;
   for (std::size_t line : layout.property_lines)
     keys.push_back(ParsePropertyLine(source_->header()[line].text)->key);
@@ -99,7 +102,7 @@ std::string MemoryDesigner::StoredKey(const ControlLayout& control, std::string_
 }
 
 std::string MemoryDesigner::ReadProperty(std::size_t control, std::string_view name) {
-  const ControlLayout layout = Control(control);
+  const ControlLayout& layout = Control(control);
   if (EqualsIgnoreCase(name, "Name")) return layout.name;
   const bool tabbed = FindLine(layout, "Tabs").has_value();
   const std::string key = StoredKey(layout, name);
@@ -118,9 +121,10 @@ std::string MemoryDesigner::ReadProperty(std::size_t control, std::string_view n
 
 void MemoryDesigner::WriteProperty(std::size_t control, std::string_view name,
                                    std::string_view value) {
-  const ControlLayout layout = Control(control);
+  const ControlLayout layout = Control(control);  // a copy: the write may move lines
   auto& header = source_->header();
   if (EqualsIgnoreCase(name, "Name")) {
+    layout_.reset();
     std::string& text = header[layout.begin_line].text;
     const std::size_t at = text.rfind(layout.name);
     if (at != std::string::npos && !layout.name.empty()) text.replace(at, layout.name.size(), value);
@@ -134,12 +138,14 @@ void MemoryDesigner::WriteProperty(std::size_t control, std::string_view name,
   const bool is_tab = EqualsIgnoreCase(key, "Tab");
   if (!line) {
     if (is_tab && value == "0") return;
+    layout_.reset();
     AddLine(layout, key, value);
     if (is_tab) added_tab_lines_.insert(control);
     return;
   }
   if (ReadProperty(control, name) == value) return;
   if (is_tab && value == "0" && added_tab_lines_.erase(control) > 0) {
+    layout_.reset();
     source_->EraseHeader(*line);
     return;
   }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -26,9 +27,11 @@ class MemoryDesigner : public IDesigner, public std::enable_shared_from_this<Mem
   std::vector<std::string> PropertyNames(std::size_t control);
   std::string ReadProperty(std::size_t control, std::string_view name);
   void WriteProperty(std::size_t control, std::string_view name, std::string_view value);
-  ControlLayout Control(std::size_t control);
+  const ControlLayout& Control(std::size_t control);
 
  private:
+  // The controls, parsed once and again only after a write changed lines.
+  const std::vector<ControlLayout>& Layout();
   // The key stored in the file: a tabbed container's Caption is the
   // TabCaption of its current tab.
   std::string StoredKey(const ControlLayout& control, std::string_view name);
@@ -36,6 +39,7 @@ class MemoryDesigner : public IDesigner, public std::enable_shared_from_this<Mem
   void AddLine(const ControlLayout& control, std::string_view key, std::string_view value);
 
   std::shared_ptr<SourceFile> source_;
+  std::optional<std::vector<ControlLayout>> layout_;
   // Controls whose Tab line was added by WriteProperty.
   std::set<std::size_t> added_tab_lines_;
 };

@@ -138,11 +138,11 @@ SourceFile SourceFile::Create(const std::vector<std::string>& header_lines,
 
 std::string SourceFile::Serialize() const {
   std::string text;
-  for (const auto& line : header_) text += line.text + line.terminator;
+  const auto append = [&text](const auto& line) { text.append(line.text).append(line.terminator); };
+  for (const auto& line : header_) append(line);
   for (const auto& line : code_) {
-    text += line.text;
-    text += line.terminator;
-    for (const auto& hidden : line.hidden) text += hidden.text + hidden.terminator;
+    append(line);
+    for (const auto& hidden : line.hidden) append(hidden);
   }
   return EncodeSource(text, encoding_);
 }
