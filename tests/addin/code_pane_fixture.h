@@ -13,6 +13,7 @@
 #include "ide/memory/memory_project.h"
 #include "ide/memory/memory_vbe.h"
 #include "platform/ide_options.h"
+#include "tests/support/code_lines.h"
 #include "tests/support/fake_ui.h"
 
 namespace tavrin::addin {
@@ -34,12 +35,7 @@ class CodePaneTest : public ::testing::Test {
 
   void Caret(int line, int column) { pane_->SetSelection({line, column, line, column}); }
 
-  std::vector<std::string> Code() {
-    std::vector<std::string> lines;
-    const auto module = component_->CodeModule();
-    for (int i = 1; i <= module->CountOfLines(); ++i) lines.push_back(module->Lines(i, 1));
-    return lines;
-  }
+  std::vector<std::string> Code() { return testing::CodeLines(*component_->CodeModule()); }
 
   ide::TextRange Selection() { return pane_->GetSelection(); }
   ide::TextRange CaretAt(int line, int column) { return {line, column, line, column}; }

@@ -64,39 +64,37 @@ TEST_F(CodePaneTest, CaretMarginFollowsTheCaretLine) {
   }
 }
 
-TEST_F(CodePaneTest, InsertBlockReplacesAnEmptyCaretLine) {
-  Open({"Sub A()", "", "End Sub"}, 2, 5);
-  EXPECT_EQ(InsertBlock(context_, "    x = 1\r\n    y = 2", 7), 2);
-  EXPECT_EQ(Code(), (Lines{"Sub A()", "    x = 1", "    y = 2", "End Sub"}));
-  EXPECT_EQ(Selection(), CaretAt(2, 7));
-}
-
-TEST_F(CodePaneTest, InsertBlockGoesBelowALineWithText) {
-  Open({"Sub A()", "    x = 1", "End Sub"}, 2, 3);
-  EXPECT_EQ(InsertBlock(context_, "    y = 2", 5), 3);
-  EXPECT_EQ(Code(), (Lines{"Sub A()", "    x = 1", "    y = 2", "End Sub"}));
-  EXPECT_EQ(Selection(), CaretAt(3, 5));
-}
-
-TEST_F(CodePaneTest, InsertBlockWithoutCaretColumnLeavesTheCaret) {
-  Open({"x = 1"}, 1, 2);
-  InsertBlock(context_, "y = 2", 0);
-  EXPECT_EQ(Code(), (Lines{"x = 1", "y = 2"}));
-  EXPECT_EQ(Selection(), CaretAt(1, 2));
-}
-
-TEST_F(CodePaneTest, InsertBlockIntoAnEmptyModule) {
-  Open({}, 1, 1);
-  InsertBlock(context_, "a\r\nb", 2);
-  EXPECT_EQ(Code(), (Lines{"a", "b"}));
-  EXPECT_EQ(Selection(), CaretAt(1, 2));
-}
-
-TEST_F(CodePaneTest, InsertBlockOnTheLineAfterTheLast) {
-  Open({"x = 1"}, 2, 1);
-  InsertBlock(context_, "y = 2", 1);
-  EXPECT_EQ(Code(), (Lines{"x = 1", "y = 2"}));
-  EXPECT_EQ(Selection(), CaretAt(2, 1));
+TEST_F(CodePaneTest, InsertBlockReplacesAnEmptyCaretLineOrGoesBelowText) {
+  const struct {
+    std::string name;
+    Lines code;
+    ide::TextRange caret;
+    std::string block;
+    int caret_column;
+    int first_line;
+    Lines expected;
+    ide::TextRange selection;
+  } cases[] = {
+      {"empty caret line replaced", {"Sub A()", "", "End Sub"}, {2, 5, 2, 5},
+       "    x = 1\r\n    y = 2", 7, 2, {"Sub A()", "    x = 1", "    y = 2", "End Sub"},
+       {2, 7, 2, 7}},
+      {"line with text kept", {"Sub A()", "    x = 1", "End Sub"}, {2, 3, 2, 3}, "    y = 2", 5,
+       3, {"Sub A()", "    x = 1", "    y = 2", "End Sub"}, {3, 5, 3, 5}},
+      {"caret column 0 leaves the caret", {"x = 1"}, {1, 2, 1, 2}, "y = 2", 0, 2,
+       {"x = 1", "y = 2"}, {1, 2, 1, 2}},
+      {"empty module", {}, {1, 1, 1, 1}, "a\r\nb", 2, 1, {"a", "b"}, {1, 2, 1, 2}},
+      {"the line after the last", {"x = 1"}, {2, 1, 2, 1}, "y = 2", 1, 2, {"x = 1", "y = 2"},
+       {2, 1, 2, 1}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    vbe_ = ide::memory::MemoryVbe::Create();
+    Context context{*vbe_, ui_, options_};
+    Open(c.code, c.caret.start_line, c.caret.start_column);
+    EXPECT_EQ(InsertBlock(context, c.block, c.caret_column), c.first_line);
+    EXPECT_EQ(Code(), c.expected);
+    EXPECT_EQ(Selection(), c.selection);
+  }
 }
 
 TEST_F(CodePaneTest, CursorMarkerPlacesTheCaretAndDisappears) {

@@ -8,6 +8,7 @@
 #include "ide/memory/memory_component.h"
 #include "ide/memory/memory_project.h"
 #include "ide/memory/memory_vbe.h"
+#include "tests/support/code_lines.h"
 
 namespace tavrin::ide::memory {
 namespace {
@@ -22,11 +23,7 @@ class MemoryCodeModuleTest : public ::testing::Test {
     return component_->CodeModule();
   }
 
-  Lines All(ICodeModule& module) {
-    Lines lines;
-    for (int i = 1; i <= module.CountOfLines(); ++i) lines.push_back(module.Lines(i, 1));
-    return lines;
-  }
+  Lines All(ICodeModule& module) { return testing::CodeLines(module); }
 
   static int ErrorNumber(const std::function<void()>& action) {
     try {

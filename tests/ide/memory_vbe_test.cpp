@@ -9,6 +9,7 @@
 #include "ide/memory/memory_component.h"
 #include "ide/memory/memory_project.h"
 #include "ide/memory/memory_window.h"
+#include "tests/support/code_lines.h"
 #include "tests/support/memory_file_system.h"
 
 namespace tavrin::ide::memory {
@@ -207,12 +208,7 @@ class MemorySendKeysTest : public ::testing::Test {
     component_->CodePane()->Show();
     component_->CodePane()->SetSelection(selection);
   }
-  std::vector<std::string> Code() {
-    std::vector<std::string> lines;
-    auto module = component_->CodeModule();
-    for (int i = 1; i <= module->CountOfLines(); ++i) lines.push_back(module->Lines(i, 1));
-    return lines;
-  }
+  std::vector<std::string> Code() { return testing::CodeLines(*component_->CodeModule()); }
   TextRange Selection() { return component_->CodePane()->GetSelection(); }
 
   std::shared_ptr<MemoryVbe> vbe_ = MemoryVbe::Create();
@@ -231,39 +227,34 @@ TEST_F(MemorySendKeysTest, BlankThenBackspaceLeavesTheLineAsItWas) {
   EXPECT_EQ(Selection(), (TextRange{1, 8, 1, 8}));
 }
 
-TEST_F(MemorySendKeysTest, TypingPastTheEndOfALinePadsWithBlanks) {
-  Open("ab\r\ncd", {1, 6, 1, 6});
-  vbe_->SendKeys("x");
-  EXPECT_EQ(Code(), (Lines{"ab   x", "cd"}));
-  EXPECT_EQ(Selection(), (TextRange{1, 7, 1, 7}));
-}
-
-TEST_F(MemorySendKeysTest, TypingOnTheLineAfterTheLastAppendsIt) {
-  Open("ab", {2, 1, 2, 1});
-  vbe_->SendKeys("Dim x");
-  EXPECT_EQ(Code(), (Lines{"ab", "Dim x"}));
-  EXPECT_EQ(Selection(), (TextRange{2, 6, 2, 6}));
-}
-
-TEST_F(MemorySendKeysTest, TypingReplacesASelection) {
-  Open("Dim Value As Long\r\nx", {1, 5, 1, 10});
-  vbe_->SendKeys("Total");
-  EXPECT_EQ(Code(), (Lines{"Dim Total As Long", "x"}));
-  EXPECT_EQ(Selection(), (TextRange{1, 10, 1, 10}));
-}
-
-TEST_F(MemorySendKeysTest, BackspaceDeletesASelectionAcrossLines) {
-  Open("abc\r\ndef\r\nghi", {3, 2, 1, 2});  // selected from the end towards the start
-  vbe_->SendKeys("{BS}");
-  EXPECT_EQ(Code(), (Lines{"ahi"}));
-  EXPECT_EQ(Selection(), (TextRange{1, 2, 1, 2}));
-}
-
-TEST_F(MemorySendKeysTest, BackspaceAtColumnOneJoinsWithTheLineAbove) {
-  Open("ab\r\ncd", {2, 1, 2, 1});
-  vbe_->SendKeys("{BKSP}");
-  EXPECT_EQ(Code(), (Lines{"abcd"}));
-  EXPECT_EQ(Selection(), (TextRange{1, 3, 1, 3}));
+TEST_F(MemorySendKeysTest, OneSequenceEditsTheLineAndMovesTheCaret) {
+  const struct {
+    std::string name;
+    std::string code;
+    TextRange selection;
+    std::string keys;
+    Lines expected;
+    TextRange caret;
+  } cases[] = {
+      {"typing past the end of a line pads with blanks", "ab\r\ncd", {1, 6, 1, 6}, "x",
+       {"ab   x", "cd"}, {1, 7, 1, 7}},
+      {"typing on the line after the last appends it", "ab", {2, 1, 2, 1}, "Dim x",
+       {"ab", "Dim x"}, {2, 6, 2, 6}},
+      {"typing replaces a selection", "Dim Value As Long\r\nx", {1, 5, 1, 10}, "Total",
+       {"Dim Total As Long", "x"}, {1, 10, 1, 10}},
+      {"backspace deletes a selection across lines, made end to start",
+       "abc\r\ndef\r\nghi", {3, 2, 1, 2}, "{BS}", {"ahi"}, {1, 2, 1, 2}},
+      {"backspace at column 1 joins with the line above", "ab\r\ncd", {2, 1, 2, 1}, "{BKSP}",
+       {"abcd"}, {1, 3, 1, 3}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    vbe_ = MemoryVbe::Create();
+    Open(c.code, c.selection);
+    vbe_->SendKeys(c.keys);
+    EXPECT_EQ(Code(), c.expected);
+    EXPECT_EQ(Selection(), c.caret);
+  }
 }
 
 TEST_F(MemorySendKeysTest, EnterSplitsTheLineKeepingItsIndentation) {
