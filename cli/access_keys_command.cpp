@@ -32,10 +32,10 @@ std::vector<std::string> Names(const formtools::ShortcutConflict& conflict) {
 void PrintReport(const std::vector<formtools::ShortcutConflict>& conflicts, bool json,
                  std::ostream& out) {
   if (json) {
-    nlohmann::json report = nlohmann::json::array();
+    nlohmann::ordered_json report = nlohmann::ordered_json::array();
     for (const auto& conflict : conflicts)
       report.push_back({{"key", std::string(1, conflict.letter)}, {"controls", Names(conflict)}});
-    out << report.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+    out << report.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';
     return;
   }
   if (conflicts.empty()) out << resources::LoadResString(formtools::kShortcutsOkMessage) << '\n';
