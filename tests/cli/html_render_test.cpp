@@ -4,14 +4,11 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 
 #include <nlohmann/json.hpp>
 
-#include "tests/cli/tool_runner.h"
-#include "tests/support/temp_folder.h"
+#include "tests/cli/tool_fixture.h"
 
 namespace tavrin::testing {
 namespace {
@@ -57,11 +54,6 @@ std::string FindChromium() {
   return {};
 }
 
-std::string ReadAll(const fs::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
 std::string UrlDecoded(std::string_view text) {
   std::string out;
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -86,26 +78,25 @@ std::string ColourOf(const nlohmann::json& runs, std::string_view text, bool par
   return "(not found)";
 }
 
-TEST(HtmlRenderTest, ChromiumShowsKeywordsCommentsAndTextInTheirColours) {
+using HtmlRenderTest = ToolFixture;
+
+TEST_F(HtmlRenderTest, ChromiumShowsKeywordsCommentsAndTextInTheirColours) {
   const std::string chromium = FindChromium();
   if (chromium.empty()) GTEST_SKIP() << "chromium is not installed (scripts/install-deps.sh)";
-  TempFolder folder;
-  const std::string module = folder.File("Module1.bas");
-  std::ofstream(module, std::ios::binary).write(kModule.data(), kModule.size());
-  const std::string page = folder.File("page.htm");
-  const ToolRun run = RunTool({"html", module, "-o", page}, folder.path().string());
+  const std::string module = Write("Module1.bas", kModule);
+  const std::string page = folder_.File("page.htm");
+  const ToolRun run = Run({"html", module, "-o", page});
   ASSERT_EQ(run.status, 0) << run.err;
 
-  const std::string probe = folder.File("probe.htm");
-  std::ofstream(probe, std::ios::binary) << ReadAll(page) << kProbe;
-  const std::string dump = folder.File("dom.txt");
+  const std::string probe = Write("probe.htm", Read(page) + std::string(kProbe));
+  const std::string dump = folder_.File("dom.txt");
   const std::string command = "timeout 120 '" + chromium +
                               "' --headless --no-sandbox --disable-gpu --user-data-dir='" +
-                              folder.File("profile") + "' --dump-dom 'file://" + probe + "' > '" +
+                              folder_.File("profile") + "' --dump-dom 'file://" + probe + "' > '" +
                               dump + "' 2>/dev/null";
   ASSERT_EQ(std::system(command.c_str()), 0) << command;
 
-  const std::string dom = ReadAll(dump);
+  const std::string dom = Read(dump);
   const std::string open = "<pre id=\"tavrin-probe\">";
   const auto start = dom.find(open);
   ASSERT_NE(start, std::string::npos) << dom;

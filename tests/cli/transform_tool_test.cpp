@@ -1,13 +1,9 @@
 // The tool's rewrite, page and access-key commands over source files.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-
 #include <nlohmann/json.hpp>
 
-#include "tests/cli/tool_runner.h"
-#include "tests/support/temp_folder.h"
+#include "tests/cli/tool_fixture.h"
 
 namespace tavrin::testing {
 namespace {
@@ -36,26 +32,12 @@ constexpr std::string_view kForm =
     "Attribute VB_Name = \"frmKeys\"\r\n"
     "Option Explicit\r\n";
 
-class TransformToolTest : public ::testing::Test {
+class TransformToolTest : public ToolFixture {
  protected:
-  std::string Write(std::string_view name, std::string_view bytes) {
-    const std::string path = folder_.File(name);
-    std::ofstream(path, std::ios::binary).write(bytes.data(), bytes.size());
-    return path;
-  }
-  std::string Read(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  }
-  ToolRun Run(const std::vector<std::string>& arguments) {
-    return RunTool(arguments, folder_.path().string());
-  }
   std::vector<std::string> JsonLines(const ToolRun& run) {
     EXPECT_EQ(run.status, 0) << run.err;
     return nlohmann::json::parse(run.out).at("lines").get<std::vector<std::string>>();
   }
-
-  TempFolder folder_;
 };
 
 TEST_F(TransformToolTest, LinesAddAndRemoveKeepTheFileOtherwiseAsItWas) {
