@@ -22,12 +22,11 @@ std::size_t LongestPrefixAt(std::string_view name, const std::vector<std::string
   return longest;
 }
 
-// The typed name without a scope prefix and a tag part it already has.
+// The typed name without a scope prefix and a tag part it already has: a
+// scope prefix counts when a tag or an upper-case letter follows it, a tag
+// when an upper-case letter follows it.
 std::string_view BaseName(std::string_view typed, const NamingRules& rules,
                           const TypePrefixTable& prefixes) {
-  const std::vector<std::string> scopes = {rules.prefix_global, rules.prefix_module,
-                                           rules.prefix_by_ref, rules.prefix_by_val};
-  typed.remove_prefix(LongestPrefixAt(typed, scopes));
   std::vector<std::string> tags = {rules.const_tag};
   for (const TypePrefixRow& row : prefixes.Rows()) {
     for (std::size_t column = 1; column < 4; ++column) {
@@ -36,6 +35,15 @@ std::string_view BaseName(std::string_view typed, const NamingRules& rules,
       tags.push_back(tag);
       tags.push_back(rules.const_tag + tag);
       tags.push_back(tag + rules.const_tag);
+    }
+  }
+  for (const std::string& scope : {rules.prefix_global, rules.prefix_module,
+                                   rules.prefix_by_ref, rules.prefix_by_val}) {
+    if (scope.empty() || !typed.starts_with(scope) || scope.size() >= typed.size()) continue;
+    const std::string_view rest = typed.substr(scope.size());
+    if (IsUpperAscii(rest.front()) || LongestPrefixAt(rest, tags) > 0) {
+      typed = rest;
+      break;
     }
   }
   typed.remove_prefix(LongestPrefixAt(typed, tags));
