@@ -17,5 +17,10 @@ struct Command {
 };
 
 Command AddSnippetCommand(CLI::App& app);
+Command AddSettingsCommand(CLI::App& app);
+Command AddNameCommand(CLI::App& app);
+Command AddPathCommand(CLI::App& app);
+Command AddFoldersCommand(CLI::App& app);
+Command AddIniCommand(CLI::App& app);
 
 }  // namespace tavrin::cli

@@ -33,7 +33,9 @@ int main(int argc, char** argv) {
   app.require_subcommand(0, 1);
   app.fallthrough();
   GlobalOptionParser global_options(app);
-  std::vector<Command> commands = {AddSnippetCommand(app)};
+  std::vector<Command> commands = {AddSnippetCommand(app),  AddSettingsCommand(app),
+                                  AddNameCommand(app),     AddPathCommand(app),
+                                  AddFoldersCommand(app),  AddIniCommand(app)};
 
   try {
     app.parse(argc, argv);

@@ -14,6 +14,7 @@ root=$PWD
 JOBS=(
   snippet_if_then_elseif_else
   snippet_for_next_in_place
+  settings
 )
 
 # Prints and runs one command.
@@ -55,6 +56,19 @@ job_snippet_for_next_in_place() {
   cp "$work/basMain.bas" "$work/basMain.before.bas"
   run "$tavrin" snippet ForNext "$work/basMain.bas" --caret "$line:5" -i
   run diff -u "$work/basMain.before.bas" "$work/basMain.bas" || true
+}
+
+# The settings on first use (the add-in folder is created and seeded), one
+# changed, and the names, paths and INI model that follow from them.
+job_settings() {
+  run "$tavrin" settings --json
+  run "$tavrin" settings set "Const Tag Before Type Tag" False
+  run "$tavrin" name MaxItems --type Long --scope global --const
+  run "$tavrin" name Count --type Long --scope module
+  run "$tavrin" path '<fragments>\Headers And Comments\ProcedureHeader.bas'
+  run "$tavrin" folders
+  run "$tavrin" ini get tvrusr.ini "Const Builder" "Const Tag Before Type Tag"
+  run "$tavrin" ini dump tvrtp.ini --json
 }
 
 echo "==> bash scripts/install-deps.sh --linux-only"

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "base/text.h"
 #include "resources/string_table.h"
 
 namespace tavrin::settings {
@@ -159,6 +160,23 @@ std::optional<IniItemType> Item2IniItemType(Item item, platform::Ui& ui) {
 SettingValue ItemDefault(Item item) {
   if (!Known(item, kItemCount)) return std::string();
   return Items()[static_cast<int>(item)].default_value;
+}
+
+std::string_view IniItemTypeName(IniItemType type) {
+  switch (type) {
+    case IniItemType::kWholeNumber: return "whole number";
+    case IniItemType::kYesNo: return "yes/no";
+    case IniItemType::kDate: return "date";
+    case IniItemType::kFilePath: return "file path";
+    case IniItemType::kFolderPath: return "folder path";
+    default: return "text";
+  }
+}
+
+std::optional<Item> ItemOfKey(std::string_view key) {
+  for (int i = 0; i < kItemCount; ++i)
+    if (EqualsIgnoreCase(Items()[static_cast<std::size_t>(i)].key, key)) return static_cast<Item>(i);
+  return std::nullopt;
 }
 
 std::string ValueAsText(const SettingValue& value) {

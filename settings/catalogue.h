@@ -108,6 +108,12 @@ std::optional<Section> ItemInSection(Item item, platform::Ui& ui);
 std::optional<IniItemType> Item2IniItemType(Item item, platform::Ui& ui);
 SettingValue ItemDefault(Item item);
 
+// "text", "whole number", "yes/no", "date", "file path", "folder path".
+std::string_view IniItemTypeName(IniItemType type);
+
+// The item of a key name (case-insensitive); nullopt when none.
+std::optional<Item> ItemOfKey(std::string_view key);
+
 // The value as the INI file holds it: "True"/"False", digits, or the text.
 std::string ValueAsText(const SettingValue& value);
 
