@@ -141,17 +141,24 @@ C4_IniFile::C4_IniFile(platform::ProfileFile& profiles, platform::FileSystem& fi
                        std::string addin_folder)
     : profiles_(profiles), files_(files), addin_folder_(std::move(addin_folder)) {}
 
+// A folder part that is a lone separator ("\tvrtp.ini") names the add-in's
+// folder, not the root of the drive.
+bool C4_IniFile::FolderOfNameExists(std::string_view name) const {
+  const std::string_view folder = platform::FolderPart(name);
+  return folder.size() > 1 && files_.FolderExists(folder);
+}
+
 void C4_IniFile::SetName(std::string_view name) {
   if (name.empty()) return;
   std::string resolved(name);
-  if (!files_.FolderExists(platform::FolderPart(name)) &&
+  if (!FolderOfNameExists(name) &&
       FindIgnoreCase(name, addin_folder_) == std::string_view::npos) {
     const platform::PathStyle style = platform::NativePathStyle();
     if (!name.empty() && platform::IsPathSeparator(name.front())) name.remove_prefix(1);
     resolved = platform::EnsureTrailingSeparator(addin_folder_, style) + std::string(name);
   }
   name_ = resolved;
-  if (files_.FolderExists(platform::FolderPart(name_)))
+  if (FolderOfNameExists(name_))
     Load();
   else
     name_.clear();

@@ -141,6 +141,7 @@ class C4_IniFile {
 
  private:
   void Load();
+  bool FolderOfNameExists(std::string_view name) const;
   C4_IniFileSection* AddSection(std::string_view name, bool is_new);
 
   platform::ProfileFile& profiles_;

@@ -29,12 +29,7 @@ std::string AnsiToUtf8(std::string_view text) {
 // The system's answer in UTF-8. A full buffer stays full, so the caller
 // asks again; text that grows in UTF-8 may fill it too, with the same effect.
 platform::ProfileBuffer Answer(const std::string& ansi, DWORD length, std::size_t buffer_size) {
-  if (length == 0 || length + 2 == buffer_size) {
-    platform::ProfileBuffer full;
-    full.buffer.assign(buffer_size, '\0');
-    full.length = length;
-    return full;
-  }
+  if (length == 0 || length + 2 == buffer_size) return {ansi, length};
   return platform::FillProfileBuffer(AnsiToUtf8(std::string_view(ansi).substr(0, length)),
                                      buffer_size);
 }

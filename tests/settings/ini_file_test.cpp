@@ -85,7 +85,7 @@ TEST_F(IniFileTest, CommentsWriteBackAsTheyAre) {
 }
 
 TEST_F(IniFileTest, BareAndBackslashNamesResolveToTheAddinFolder) {
-  for (std::string_view name : {"tvrtp.ini", "\\tvrtp.ini"}) {
+  for (std::string_view name : {"tvrtp.ini", "\\tvrtp.ini", "/tvrtp.ini"}) {
     EXPECT_EQ(Open(name)->Name(), folder_.File("tvrtp.ini")) << name;
   }
   EXPECT_EQ(Open(folder_.File("x.ini"))->Name(), folder_.File("x.ini"));

@@ -13,6 +13,7 @@
 #include "platform/std_file_system.h"
 #include "settings/ini_file.h"
 #include "win/private_profile_file.h"
+#include "win/win_support.h"
 
 namespace tavrin::win {
 namespace {
@@ -71,6 +72,14 @@ constexpr const char* kWineSkipsSemicolonLines =
     "Wine's GetPrivateProfileSection skips lines starting with ';' (profile.c "
     "IS_ENTRY_COMMENT); Windows returns them";
 
+// dlls/kernel32/profile.c: PROFILE_Load keeps a blank line as an empty key
+// of the section above it, and PROFILE_DeleteAllKeys drops it with the
+// section's keys. The portable writer keeps the blank line that separates
+// two sections, as the file was laid out; not verified against Windows.
+constexpr const char* kWineDropsSeparatingBlankLine =
+    "Wine drops the blank line after a rewritten section with its keys (profile.c "
+    "PROFILE_DeleteAllKeys); the portable writer keeps the file's layout";
+
 std::vector<Case> Cases() {
   using K = Edit::Kind;
   std::string many;
@@ -84,6 +93,8 @@ std::vector<Case> Cases() {
       {"no sections", "just text\r\n", {}, ""},
       {"many sections", many, {}, ""},
       {"write section", "[A]\r\nold=1\r\n\r\n[B]\r\nx=1\r\n",
+       {K::kWriteSection, "A", Nul("k=1|j=2||"), "", ""}, kWineDropsSeparatingBlankLine},
+      {"write section without blank", "[A]\r\nold=1\r\n[B]\r\nx=1\r\n",
        {K::kWriteSection, "A", Nul("k=1|j=2||"), "", ""}, ""},
       {"write keeps others", "[A]\r\nold=1\r\n[B]\r\nx = 1\r\n",
        {K::kWriteSection, "A", Nul("k=1||"), "", ""}, kWineRewritesFile},
