@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <random>
+
+#include "base/text.h"
 #include "tests/support/memory_file_system.h"
 
 namespace tavrin::platform {
@@ -130,6 +134,39 @@ TEST_F(PortableProfileFileTest, KeepsTheFilesEncoding) {
   Given("[A]\r\nx=1\r\n");  // plain ASCII takes UTF-8 for new characters
   ASSERT_TRUE(profile_.WriteString(kFile, "A", "k", "\xC5\x81").ok());
   EXPECT_EQ(File(), "[A]\r\nx=1\r\nk=\xC5\x81\r\n");
+}
+
+// Random damaged files: writing one section changes what every other section
+// reads in no way, and the written section reads back as written. (UTF-8
+// sequences stay out: Windows-1252 text that also reads as UTF-8 may read
+// as UTF-8 once its other non-ASCII bytes are written away.)
+TEST_F(PortableProfileFileTest, WritingOneSectionNeverDisturbsAnother) {
+  const std::string_view pieces[] = {"[", "]", "=", ";", "#", " ", "\r", "\n", "\r\n",
+                                     std::string_view("\0", 1), "\xE9", "\xFF",
+                                     "A", "b", "key", "[S]", "[s]", "[T]\r\n", "x=1\r\n"};
+  std::mt19937 random(20261121);
+  for (int round = 0; round < 300; ++round) {
+    std::string text;
+    const int length = static_cast<int>(random() % 40);
+    for (int i = 0; i < length; ++i) text += pieces[random() % std::size(pieces)];
+    Given(text);
+    std::vector<std::string> names;
+    const std::string listed = Answer(profile_.SectionNames(kFile, 1 << 16));
+    std::size_t start = 0;
+    while (start < listed.size()) {
+      const auto bar = listed.find('|', start);
+      names.push_back(listed.substr(start, bar - start));
+      start = bar + 1;
+    }
+    const std::string target = names.empty() || random() % 3 == 0 ? "New" : names[random() % names.size()];
+    std::map<std::string, std::string> before;
+    for (const std::string& name : names)
+      if (!EqualsIgnoreCase(name, target)) before[name] = Answer(profile_.ReadSection(kFile, name, 1 << 16));
+    ASSERT_TRUE(profile_.WriteSection(kFile, target, Nul("k=v|#c||")).ok());
+    EXPECT_EQ(Answer(profile_.ReadSection(kFile, target, 1 << 16)), "k=v|#c|") << target << "\n" << text << "\nafter:\n" << File();
+    for (const auto& [name, lines] : before)
+      EXPECT_EQ(Answer(profile_.ReadSection(kFile, name, 1 << 16)), lines) << text;
+  }
 }
 
 }  // namespace
