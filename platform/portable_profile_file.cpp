@@ -133,11 +133,6 @@ class ProfileText {
   std::vector<Section> sections_;
 };
 
-// A missing file, or one that cannot be read (a folder), reads as empty.
-ProfileText Load(FileSystem& files, std::string_view file) {
-  auto bytes = files.ReadFile(file);
-  return ProfileText::Parse(bytes ? std::string_view(*bytes) : std::string_view());
-}
 
 // A line as the system answers it: key and value trimmed around "=".
 std::string ReadLine(std::string_view line) {
@@ -174,8 +169,28 @@ std::vector<std::string_view> SplitNulList(std::string_view list) {
 
 }  // namespace
 
+class PortableProfileFile::Parsed : public ProfileText {
+ public:
+  explicit Parsed(ProfileText text) : ProfileText(std::move(text)) {}
+};
+
+PortableProfileFile::PortableProfileFile(FileSystem& files) : files_(files) {}
+PortableProfileFile::~PortableProfileFile() = default;
+
+// A missing file, or one that cannot be read (a folder), reads as empty.
+const PortableProfileFile::Parsed& PortableProfileFile::Load(std::string_view file) {
+  auto bytes = files_.ReadFile(file);
+  std::string current = bytes ? std::move(*bytes) : std::string();
+  if (!cached_ || cached_path_ != file || cached_bytes_ != current) {
+    cached_ = std::make_unique<Parsed>(ProfileText::Parse(current));
+    cached_path_ = std::string(file);
+    cached_bytes_ = std::move(current);
+  }
+  return *cached_;
+}
+
 ProfileBuffer PortableProfileFile::SectionNames(std::string_view file, std::size_t buffer_size) {
-  const ProfileText profile = Load(files_, file);
+  const ProfileText& profile = Load(file);
   std::string names;
   for (const Section& section : profile.Sections()) {
     const std::string_view name = UpToNul(section.name);
@@ -186,7 +201,7 @@ ProfileBuffer PortableProfileFile::SectionNames(std::string_view file, std::size
 
 ProfileBuffer PortableProfileFile::ReadSection(std::string_view file, std::string_view section,
                                                std::size_t buffer_size) {
-  const ProfileText profile = Load(files_, file);
+  const ProfileText& profile = Load(file);
   std::string lines;
   if (const Section* found = profile.Find(section)) {
     for (std::size_t i = found->header + 1; i < found->body_end; ++i) {
@@ -199,7 +214,7 @@ ProfileBuffer PortableProfileFile::ReadSection(std::string_view file, std::strin
 
 Status PortableProfileFile::WriteSection(std::string_view file, std::string_view section,
                                          std::optional<std::string_view> lines) {
-  const ProfileText profile = Load(files_, file);
+  const ProfileText& profile = Load(file);
   const Section* found = profile.Find(section);
   std::string bytes;
   if (!lines) {
@@ -220,7 +235,7 @@ Status PortableProfileFile::WriteSection(std::string_view file, std::string_view
 
 Status PortableProfileFile::WriteString(std::string_view file, std::string_view section,
                                         std::string_view key, std::string_view value) {
-  const ProfileText profile = Load(files_, file);
+  const ProfileText& profile = Load(file);
   const Section* found = profile.Find(section);
   const std::string line_break(profile.LineBreak());
   std::string bytes;

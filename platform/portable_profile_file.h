@@ -7,6 +7,8 @@
 // found); writes replace the file atomically.
 #pragma once
 
+#include <memory>
+
 #include "platform/file_system.h"
 #include "platform/profile_file.h"
 
@@ -14,7 +16,8 @@ namespace tavrin::platform {
 
 class PortableProfileFile : public ProfileFile {
  public:
-  explicit PortableProfileFile(FileSystem& files) : files_(files) {}
+  explicit PortableProfileFile(FileSystem& files);
+  ~PortableProfileFile() override;
 
   ProfileBuffer SectionNames(std::string_view file, std::size_t buffer_size) override;
   ProfileBuffer ReadSection(std::string_view file, std::string_view section,
@@ -25,7 +28,15 @@ class PortableProfileFile : public ProfileFile {
                      std::string_view value) override;
 
  private:
+  class Parsed;
+  // The last file read, parsed: the model reads a file once per section, so
+  // a file is parsed again only when its bytes changed.
+  const Parsed& Load(std::string_view file);
+
   FileSystem& files_;
+  std::string cached_path_;
+  std::string cached_bytes_;
+  std::unique_ptr<Parsed> cached_;
 };
 
 }  // namespace tavrin::platform
