@@ -19,7 +19,7 @@ packages=(
   cmake ninja-build g++ clang libclang-rt-dev
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   libcli11-dev nlohmann-json3-dev
-  chromium highlight
+  chromium highlight time
 )
 if [[ $linux_only == 0 ]]; then
   packages+=(

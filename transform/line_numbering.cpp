@@ -36,6 +36,15 @@ const std::vector<std::string_view>& NonNumberedStatements() {
 }
 
 bool IsNonNumberedStatement(std::string_view trimmed) {
+  // Most lines start with a letter no statement of the list starts with.
+  static const std::array<bool, 256> first_letters = [] {
+    std::array<bool, 256> letters{};
+    for (std::string_view statement : NonNumberedStatements())
+      letters[static_cast<unsigned char>(ToUpperAscii(statement.front()))] = true;
+    return letters;
+  }();
+  if (trimmed.empty() || !first_letters[static_cast<unsigned char>(ToUpperAscii(trimmed[0]))])
+    return false;
   for (std::string_view statement : NonNumberedStatements())
     if (StartsWithIgnoreCase(trimmed, statement)) return true;
   return false;
