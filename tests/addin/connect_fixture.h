@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "addin/connect.h"
@@ -29,6 +30,7 @@ class RecordingExplorer : public ICodeExplorerDocument {
   std::vector<std::string> calls;
   bool initialized = false;
   bool once_opened = false;
+  bool fail = false;  // the next notification raises an error
 
   void Initialize(bool) override {
     initialized = true;
@@ -46,6 +48,7 @@ class RecordingExplorer : public ICodeExplorerDocument {
     calls.push_back("VBComponentAdd " + component->Name());
   }
   void VBComponentRemove(std::string_view project, std::string_view component) override {
+    if (std::exchange(fail, false)) throw ide::Error(91, "Object variable not set");
     calls.push_back("VBComponentRemove " + std::string(project) + " " + std::string(component));
   }
 };
@@ -69,8 +72,18 @@ class RecordingTabOrder : public ITabOrderDocument {
 };
 
 class ConnectTest : public ::testing::Test {
- protected:
-  ConnectTest() {
+ public:  // reached from the lambdas of case tables
+  ConnectTest() { RegisterDocuments(); }
+
+  // Disconnects and starts over with a new IDE.
+  void Reset() {
+    Disconnect();
+    vbe_ = ide::memory::MemoryVbe::Create();
+    add_in_ = vbe_->RegisterAddIn("Tavrin.Connect", "Tavrin", true);
+    RegisterDocuments();
+  }
+
+  void RegisterDocuments() {
     for (auto& [prog_id, factory] : ToolWindowDocumentClasses())
       vbe_->RegisterDocumentClass(prog_id, factory);
     vbe_->RegisterDocumentClass(ProgIdOf(kCodeExplorerWindow), [this] {

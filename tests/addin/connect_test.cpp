@@ -218,9 +218,7 @@ TEST_F(ConnectTest, ConnectModeTwoRespectsTheSeparateTabOrderAddIn) {
   };
   for (const Case& each : cases) {
     SCOPED_TRACE(each.name);
-    vbe_ = ide::memory::MemoryVbe::Create();
-    for (auto& [prog_id, factory] : ToolWindowDocumentClasses())
-      vbe_->RegisterDocumentClass(prog_id, factory);
+    Reset();
     if (each.registered) vbe_->RegisterAddIn("TabOrder.Connect", "Tab order", each.connected);
     connect_.AddinInstance_OnConnection(vbe_, each.mode, add_in_);
     int tab_order_windows = 0;

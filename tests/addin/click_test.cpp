@@ -1,0 +1,102 @@
+// Every control of the table clicked once: the right operation runs, a
+// handler whose builder is not built yet does nothing, and no click lets an
+// error escape.
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "tests/addin/connect_fixture.h"
+#include "tests/support/code_lines.h"
+
+namespace tavrin::addin {
+namespace {
+
+class ClickTest : public ConnectTest {
+ protected:
+  void SetUp() override {
+    files_.AddFile("/addin/vbcode/testing.txt", "");
+    project_ = OpenProject();
+    ConnectAddin();
+    connect_.TimerTick();
+    ASSERT_TRUE(ErrorsShown().empty());
+  }
+
+  std::vector<std::string> Code() {
+    return testing::CodeLines(*project_->Components().front()->CodeModule());
+  }
+  bool ToolWindowVisible(std::string_view class_word) {
+    for (const ToolWindowClass& window_class : kToolWindowClasses)
+      if (window_class.class_word == class_word)
+        return connect_.Window(window_class).window->Visible();
+    return false;
+  }
+
+  std::shared_ptr<ide::memory::MemoryProject> project_;
+};
+
+TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
+  std::set<Operation> seen;
+  for (const auto& bound : connect_.Controls()) {
+    const CommandRow& row = *bound.row;
+    if (row.IsPopup()) continue;
+    SCOPED_TRACE(std::string(row.handler));
+    // The questions the code-line commands ask: ElseIf parts, a With object.
+    ui_.input_answers = {std::string("1")};
+    const auto code_before = Code();
+    const auto pages_before = shell_.opened.size();
+    const auto boxes_before = ui_.boxes_shown.size();
+    for (const ToolWindowClass& window_class : kToolWindowClasses)
+      connect_.Window(window_class).window->SetVisible(false);
+    project_->Components().front()->CodePane()->Show();  // a tool window took the focus
+
+    ASSERT_NO_THROW(bound.control->Execute());
+
+    EXPECT_EQ(ui_.boxes_shown.size(), boxes_before) << ui_.boxes_shown.back().text;
+    seen.insert(row.run);
+    if (row.run == RunCodeLines) {
+      EXPECT_NE(Code(), code_before);
+    } else {
+      EXPECT_EQ(Code(), code_before);
+    }
+    if (row.run == OpenWebPage) {
+      ASSERT_EQ(shell_.opened.size(), pages_before + 1);
+      EXPECT_EQ(shell_.opened.back(), row.argument);
+    } else {
+      EXPECT_EQ(shell_.opened.size(), pages_before);
+    }
+    if (row.run == RunShowToolWindow) EXPECT_TRUE(ToolWindowVisible(row.argument));
+  }
+  EXPECT_EQ(seen, (std::set<Operation>{nullptr, RunCodeLines, OpenWebPage, RunShowToolWindow}));
+}
+
+TEST_F(ClickTest, CodeCommandsDoNothingWithoutACodeWindow) {
+  vbe_->ActivateWindow(vbe_->ImmediateWindow());
+  const auto before = Code();
+  for (const auto& bound : connect_.Controls())
+    if (bound.row->run == RunCodeLines) bound.control->Execute();
+  EXPECT_EQ(Code(), before);
+  EXPECT_TRUE(ui_.inputs_asked.empty());
+  EXPECT_TRUE(ErrorsShown().empty());
+}
+
+TEST_F(ClickTest, AFailingHandlerIsReportedAndDoesNotEscape) {
+  const CommandRow* row = FindCommand("mnuhIfThenElseIf_Click");
+  ASSERT_NE(row, nullptr);
+  std::shared_ptr<ide::ICommandBarControl> control;
+  for (const auto& bound : connect_.Controls())
+    if (bound.row == row) control = bound.control;
+  ui_.input_answers.clear();  // the question finds nobody to answer it
+  ASSERT_NO_THROW(control->Execute());
+  ASSERT_EQ(ErrorsShown().size(), 1u);
+  EXPECT_TRUE(ErrorsShown()[0].starts_with("Error in mnuhIfThenElseIf_Click: ")) << ErrorsShown()[0];
+}
+
+TEST_F(ClickTest, ClicksAfterDisconnectionReachNothing) {
+  const auto control = connect_.Controls().front().control;
+  Disconnect();
+  ASSERT_NO_THROW(control->Execute());
+  EXPECT_TRUE(ErrorsShown().empty());
+}
+
+}  // namespace
+}  // namespace tavrin::addin
