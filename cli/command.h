@@ -17,5 +17,6 @@ struct Command {
 };
 
 Command AddSnippetCommand(CLI::App& app);
+Command AddCommandsCommand(CLI::App& app);
 
 }  // namespace tavrin::cli
