@@ -191,6 +191,7 @@ constexpr auto kTable = std::to_array<CommandRow>({
 std::span<const CommandRow> CommandTable() { return kTable; }
 
 const CommandRow* FindCommand(std::string_view handler) {
+  if (handler.empty()) return nullptr;  // pop-ups have no handler
   const auto found = std::find_if(kTable.begin(), kTable.end(),
                                   [&](const CommandRow& row) { return row.handler == handler; });
   return found == kTable.end() ? nullptr : &*found;
