@@ -1,5 +1,8 @@
 #include "addin/connect.h"
 
+#include <stdexcept>
+#include <utility>
+
 #include "addin/error_report.h"
 #include "addin/ide_events.h"
 #include "addin/ignore_errors.h"
@@ -69,8 +72,8 @@ void Connect::AddinInstance_OnConnection(std::shared_ptr<ide::IVbe> application,
     application->CommandBars()->Item(kToolbarName);
     AddControls();
     SetUp(connect_mode, add_in_inst);
-    CreateDirectAccessWindow();
-    CreateCodeExplorerWindow();
+    CreateWindowOf(kDirectAccessWindow, add_in_inst);
+    CreateWindowOf(kCodeExplorerWindow, add_in_inst);
     state_->CompleteCodeFolders();
   });
 }
@@ -90,8 +93,7 @@ void Connect::AddinInstance_OnAddInsUpdate() noexcept {
 void Connect::TimerTick() noexcept {
   if (!state_ || !watcher_loaded_) return;
   Guarded(services_.ui, "frmTimer", [&] {
-    auto* explorer = dynamic_cast<ICodeExplorerDocument*>(code_explorer_.document.get());
-    ProjectWatcherTick(*state_, explorer, [this] { RefreshControls(); });
+    ProjectWatcherTick(*state_, Explorer(), [this] { RefreshControls(); });
   });
 }
 
@@ -107,22 +109,26 @@ Context& Connect::CommandContext() {
 }
 
 const ToolWindow& Connect::Window(const ToolWindowClass& window_class) const {
-  return const_cast<Connect*>(this)->WindowOf(window_class);
+  for (std::size_t i = 0; i < windows_.size(); ++i)
+    if (kToolWindowClasses[i].class_word == window_class.class_word) return windows_[i];
+  throw std::invalid_argument("no tool window " + std::string(window_class.class_word));
 }
 
 ToolWindow& Connect::WindowOf(const ToolWindowClass& window_class) {
-  if (window_class.class_word == kTabOrderWindow.class_word) return tab_order_;
-  if (window_class.class_word == kDirectAccessWindow.class_word) return direct_access_;
-  return code_explorer_;
+  return const_cast<ToolWindow&>(std::as_const(*this).Window(window_class));
+}
+
+ICodeExplorerDocument* Connect::Explorer() {
+  return dynamic_cast<ICodeExplorerDocument*>(WindowOf(kCodeExplorerWindow).document.get());
 }
 
 void Connect::ShowToolWindow(std::string_view class_word) {
   if (!state_) return;
   for (const ToolWindowClass& window_class : kToolWindowClasses) {
     if (window_class.class_word != class_word) continue;
-    ToolWindow& tool_window = WindowOf(window_class);
-    if (!tool_window.window)
-      tool_window = CreateToolWindow(state_->VBInst(), state_->AddInInst(), window_class);
+    if (!WindowOf(window_class).window) CreateWindowOf(window_class, state_->AddInInst());
+    const ToolWindow& tool_window = WindowOf(window_class);
+    if (!tool_window.window) return;  // reported
     tool_window.window->SetVisible(true);
     tool_window.window->SetFocus();
   }
@@ -177,28 +183,22 @@ void Connect::SetUp(int connect_mode, const std::shared_ptr<ide::IAddIn>& add_in
         host_add_in = tab_order_add_in;
     }
   }
-  if (create_tab_order) {
-    Guarded(services_.ui, "TabOrder",
-            [&] { tab_order_ = CreateToolWindow(vbe, host_add_in, kTabOrderWindow); });
-  }
-  ide_events_ = ConnectIdeEvents(vbe, EventTargets{&code_explorer_, &tab_order_}, services_.ui);
+  if (create_tab_order) CreateWindowOf(kTabOrderWindow, host_add_in);
+  ide_events_ = ConnectIdeEvents(
+      vbe, EventTargets{&WindowOf(kCodeExplorerWindow), &WindowOf(kTabOrderWindow)},
+      services_.ui);
 }
 
-void Connect::CreateDirectAccessWindow() {
-  Guarded(services_.ui, "DirectAccess", [&] {
-    direct_access_ =
-        CreateToolWindow(state_->VBInst(), state_->AddInInst(), kDirectAccessWindow);
-  });
-}
-
-void Connect::CreateCodeExplorerWindow() {
-  Guarded(services_.ui, "CodeExplorer", [&] {
-    code_explorer_ =
-        CreateToolWindow(state_->VBInst(), state_->AddInInst(), kCodeExplorerWindow);
-    auto* explorer = dynamic_cast<ICodeExplorerDocument*>(code_explorer_.document.get());
-    if (!explorer) return;
-    explorer->Initialize(true);
-    if (explorer->OnceOpened()) code_explorer_.window->SetVisible(state_->CodeExplorerVisible());
+void Connect::CreateWindowOf(const ToolWindowClass& window_class,
+                             std::shared_ptr<ide::IAddIn> add_in) {
+  Guarded(services_.ui, window_class.class_word, [&] {
+    ToolWindow& tool_window = WindowOf(window_class);
+    tool_window = CreateToolWindow(state_->VBInst(), std::move(add_in), window_class);
+    if (window_class.class_word != kCodeExplorerWindow.class_word) return;
+    if (auto* explorer = Explorer()) {
+      explorer->Initialize(true);
+      if (explorer->OnceOpened()) tool_window.window->SetVisible(state_->CodeExplorerVisible());
+    }
   });
 }
 
@@ -226,9 +226,7 @@ void Connect::Teardown() noexcept {
   controls_.clear();
   watcher_loaded_ = false;
   ide_events_.clear();
-  tab_order_ = {};
-  code_explorer_ = {};
-  direct_access_ = {};
+  windows_ = {};
   state_.reset();
 }
 

@@ -4,6 +4,7 @@
 // Nothing it does lets an error reach the IDE.
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -61,19 +62,20 @@ class Connect : public CommandHost {
  private:
   void AddControls();
   void SetUp(int connect_mode, const std::shared_ptr<ide::IAddIn>& add_in_inst);
-  void CreateDirectAccessWindow();
-  void CreateCodeExplorerWindow();
+  // Creates the window hosted by `add_in`, reporting a failure; the Code
+  // Explorer also builds its tree.
+  void CreateWindowOf(const ToolWindowClass& window_class, std::shared_ptr<ide::IAddIn> add_in);
   void RefreshControls();
   void Teardown() noexcept;
   ToolWindow& WindowOf(const ToolWindowClass& window_class);
+  ICodeExplorerDocument* Explorer();
 
   HostServices services_;
   std::unique_ptr<ConnectionState> state_;
   std::vector<BoundControl> controls_;
   bool watcher_loaded_ = false;  // frmTimer
-  ToolWindow tab_order_;
-  ToolWindow direct_access_;
-  ToolWindow code_explorer_;
+  // In the order of kToolWindowClasses.
+  std::array<ToolWindow, std::size(kToolWindowClasses)> windows_;
   std::vector<ide::EventConnection> ide_events_;
 };
 

@@ -30,11 +30,8 @@ std::optional<int> ParseWhole(std::string_view text) {
 
 int ReadWhole(platform::SettingsStore& store, std::string_view prefix, std::string_view key,
               int default_value) {
-  std::string text;
-  IgnoreErrors([&] {
-    text = store.GetSetting(kSettingsApp, kSettingsSection, Key(prefix, key),
-                            std::to_string(default_value));
-  });
+  const std::string text = store.GetSetting(kSettingsApp, kSettingsSection, Key(prefix, key),
+                                            std::to_string(default_value));
   return ParseWhole(text).value_or(default_value);
 }
 
@@ -154,11 +151,9 @@ std::shared_ptr<ide::ICommandBarControl> AddBarControl(
 void SaveAndRemoveToolbar(ide::IVbe& vbe, platform::SettingsStore& store,
                           std::string_view prefix) {
   if (const auto bar = FindBar(vbe, kToolbarName)) {
+    // A value that cannot be stored is lost: the next start uses the default.
     const auto save = [&](std::string_view key, int value) {
-      IgnoreErrors([&] {
-        store.SaveSetting(kSettingsApp, kSettingsSection, Key(prefix, key),
-                          std::to_string(value));
-      });
+      store.SaveSetting(kSettingsApp, kSettingsSection, Key(prefix, key), std::to_string(value));
     };
     IgnoreErrors([&] {
       save(kToolbarPosKey, static_cast<int>(bar->Position()));

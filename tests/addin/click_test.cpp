@@ -64,7 +64,9 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
     } else {
       EXPECT_EQ(shell_.opened.size(), pages_before);
     }
-    if (row.run == RunShowToolWindow) EXPECT_TRUE(ToolWindowVisible(row.argument));
+    if (row.run == RunShowToolWindow) {
+      EXPECT_TRUE(ToolWindowVisible(row.argument));
+    }
   }
   EXPECT_EQ(seen, (std::set<Operation>{nullptr, RunCodeLines, OpenWebPage, RunShowToolWindow}));
 }
