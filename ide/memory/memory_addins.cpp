@@ -1,18 +1,13 @@
 #include "ide/memory/memory_addins.h"
 
-#include "base/text.h"
+#include "ide/memory/memory_collection.h"
 
 namespace tavrin::ide::memory {
 
-std::shared_ptr<IAddIn> MemoryAddins::Item(int index) {
-  if (index < 1 || index > Count()) throw Error(9, "Subscript out of range");
-  return add_ins_[static_cast<std::size_t>(index - 1)];
-}
+std::shared_ptr<IAddIn> MemoryAddins::Item(int index) { return ItemAt(add_ins_, index); }
 
 std::shared_ptr<IAddIn> MemoryAddins::Item(std::string_view prog_id) {
-  for (const auto& add_in : add_ins_)
-    if (EqualsIgnoreCase(add_in->ProgId(), prog_id)) return add_in;
-  throw Error(9, "Subscript out of range");
+  return ItemNamed(add_ins_, prog_id, [](IAddIn& add_in) { return add_in.ProgId(); });
 }
 
 std::shared_ptr<MemoryAddIn> MemoryAddins::Register(std::string prog_id, std::string description,

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/text.h"
+#include "ide/memory/memory_collection.h"
 
 namespace tavrin::ide::memory {
 namespace {
@@ -25,14 +25,12 @@ class MemoryCommandBarControls : public ICommandBarControls {
   int Count() override { return static_cast<int>(bar_->ControlList().size()); }
 
   std::shared_ptr<ICommandBarControl> Item(int index) override {
-    if (index < 1 || index > Count()) throw Error(9, "Subscript out of range");
-    return bar_->ControlList()[static_cast<std::size_t>(index - 1)];
+    return ItemAt(bar_->ControlList(), index);
   }
 
   std::shared_ptr<ICommandBarControl> Item(std::string_view caption) override {
-    for (const auto& control : bar_->ControlList())
-      if (EqualsIgnoreCase(control->Caption(), caption)) return control;
-    throw Error(9, "Subscript out of range");
+    return ItemNamed(bar_->ControlList(), caption,
+                     [](ICommandBarControl& control) { return control.Caption(); });
   }
 
   std::shared_ptr<ICommandBarControl> Add(ControlType type, int id, std::string_view parameter,
@@ -256,15 +254,10 @@ void MemoryCommandBars::AddBuiltInBars() {
   add("Code Window", BarPosition::kPopup, false, {{21, "Cu&t"}, {19, "&Copy"}, {22, "&Paste"}});
 }
 
-std::shared_ptr<ICommandBar> MemoryCommandBars::Item(int index) {
-  if (index < 1 || index > Count()) throw Error(9, "Subscript out of range");
-  return bars_[static_cast<std::size_t>(index - 1)];
-}
+std::shared_ptr<ICommandBar> MemoryCommandBars::Item(int index) { return ItemAt(bars_, index); }
 
 std::shared_ptr<ICommandBar> MemoryCommandBars::Item(std::string_view name) {
-  for (const auto& bar : bars_)
-    if (EqualsIgnoreCase(bar->Name(), name)) return bar;
-  throw Error(5, "Invalid procedure call or argument");
+  return ItemNamed(bars_, name, [](ICommandBar& bar) { return bar.Name(); }, 5);
 }
 
 std::shared_ptr<ICommandBar> MemoryCommandBars::Add(std::string_view name, BarPosition position,
