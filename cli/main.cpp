@@ -33,7 +33,9 @@ int main(int argc, char** argv) {
   app.require_subcommand(0, 1);
   app.fallthrough();
   GlobalOptionParser global_options(app);
-  std::vector<Command> commands = {AddSnippetCommand(app), AddCommandsCommand(app)};
+  std::vector<Command> commands = {AddSnippetCommand(app),    AddLinesCommand(app),
+                                   AddCommentCommand(app),    AddHtmlCommand(app),
+                                   AddAccessKeysCommand(app), AddCommandsCommand(app)};
 
   try {
     app.parse(argc, argv);
