@@ -24,5 +24,11 @@ void RunCodeLines(CommandHost& host, std::string_view command_name);
 // A page of the product's web site in the user's browser.
 void OpenWebPage(CommandHost& host, std::string_view address);
 void RunShowToolWindow(CommandHost& host, std::string_view class_word);
+// Line numbers over the selection: "Add" or "Remove".
+void RunLineNumbers(CommandHost& host, std::string_view add_or_remove);
+// Comment marks over the selection: "Comment Lines Add" or "... Remove".
+void RunCommentLines(CommandHost& host, std::string_view command_name);
+// The access-key check of the active form.
+void RunVerifyShortcuts(CommandHost& host, std::string_view);
 
 }  // namespace tavrin::addin

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "addin/command_host.h"
+#include "addin/tool_commands.h"
 
 namespace tavrin::addin {
 namespace {
@@ -142,18 +143,19 @@ constexpr auto kTable = std::to_array<CommandRow>({
     // Added as a drop-down, not a button, and kept so: users know it so.
     Entry(2, 167, kGroup, "mnuhErrorHandling_Click", nullptr, {}, ControlType::kDropdown),
     Popup(2, 188, kGroup),  // "&Line Numbers"
-    Entry(3, 177, kPlain, "mnuhLineNumbersAdd_Click"),
-    Entry(3, 178, kPlain, "mnuhLineNumbersRemove_Click"),
+    Entry(3, 177, kPlain, "mnuhLineNumbersAdd_Click", RunLineNumbers, "Add"),
+    Entry(3, 178, kPlain, "mnuhLineNumbersRemove_Click", RunLineNumbers, "Remove"),
     Popup(2, 189, kGroup),  // "&Comment Lines"
-    Entry(3, 177, kPlain, "mnuhCommentLinesAdd_Click"),
-    Entry(3, 178, kPlain, "mnuhCommentLinesRemove_Click"),
+    Entry(3, 177, kPlain, "mnuhCommentLinesAdd_Click", RunCommentLines, kCommentLinesAdd),
+    Entry(3, 178, kPlain, "mnuhCommentLinesRemove_Click", RunCommentLines,
+          kCommentLinesRemove),
     Entry(2, 190, kGroup, "mnuhDebugPrint_Click"),
     Entry(1, 166, kPlain, "mnuhExit_Click"),
     Entry(1, 181, kPicture | kGroup, "mnuhTVRAddFragment_Click"),
     Entry(1, 184, kPlain, "mnuhTVRImportFile_Click"),
     Entry(1, 185, kPlain, "mnuhTVRExportFile_Click"),
     Popup(1, 186, kGroup),  // "&Tools"
-    Entry(2, 191, kPlain, "mnuhVerifyShortcuts_Click"),
+    Entry(2, 191, kPlain, "mnuhVerifyShortcuts_Click", RunVerifyShortcuts),
     Entry(2, 192, kPlain, "mnuhTabOrder_Click", RunShowToolWindow, "TabOrder"),
     Entry(2, 194, kPicture, "mnuhShortcutsAndSearch_Click", RunShowToolWindow, "DirectAccess"),
     Entry(2, 195, kPicture, "mnuhTVRCodeExplorer_Click", RunShowToolWindow, "CodeExplorer"),

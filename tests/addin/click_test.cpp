@@ -51,13 +51,16 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
 
     ASSERT_NO_THROW(bound.control->Execute());
 
-    EXPECT_EQ(ui_.boxes_shown.size(), boxes_before) << ui_.boxes_shown.back().text;
-    seen.insert(row.run);
-    if (row.run == RunCodeLines) {
-      EXPECT_NE(Code(), code_before);
-    } else {
-      EXPECT_EQ(Code(), code_before);
+    // The access-key check wants a form; the code window is active here.
+    const bool asks_for_form = row.run == RunVerifyShortcuts;
+    ASSERT_EQ(ui_.boxes_shown.size(), boxes_before + (asks_for_form ? 1 : 0));
+    if (asks_for_form) {
+      EXPECT_EQ(ui_.boxes_shown.back().text, "You must select a form!");
     }
+    seen.insert(row.run);
+    const bool edits_code =
+        row.run == RunCodeLines || row.run == RunLineNumbers || row.run == RunCommentLines;
+    EXPECT_EQ(Code() != code_before, edits_code);
     if (row.run == OpenWebPage) {
       ASSERT_EQ(shell_.opened.size(), pages_before + 1);
       EXPECT_EQ(shell_.opened.back(), row.argument);
@@ -68,16 +71,30 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
       EXPECT_TRUE(ToolWindowVisible(row.argument));
     }
   }
-  EXPECT_EQ(seen, (std::set<Operation>{nullptr, RunCodeLines, OpenWebPage, RunShowToolWindow}));
+  EXPECT_EQ(seen, (std::set<Operation>{nullptr, RunCodeLines, OpenWebPage, RunShowToolWindow,
+                                       RunLineNumbers, RunCommentLines, RunVerifyShortcuts}));
 }
 
 TEST_F(ClickTest, CodeCommandsDoNothingWithoutACodeWindow) {
   vbe_->ActivateWindow(vbe_->ImmediateWindow());
   const auto before = Code();
-  for (const auto& bound : connect_.Controls())
-    if (bound.row->run == RunCodeLines) bound.control->Execute();
+  for (const auto& bound : connect_.Controls()) {
+    const Operation run = bound.row->run;
+    if (run == RunCodeLines || run == RunLineNumbers || run == RunCommentLines)
+      bound.control->Execute();
+  }
   EXPECT_EQ(Code(), before);
   EXPECT_TRUE(ui_.inputs_asked.empty());
+  EXPECT_TRUE(ErrorsShown().empty());
+}
+
+TEST_F(ClickTest, VerifyShortcutsChecksTheActiveForm) {
+  const auto form = project_->AddComponent(ide::ComponentType::kVBForm, "frmMain", "");
+  vbe_->ActivateWindow(form->DesignerWindow());
+  for (const auto& bound : connect_.Controls())
+    if (bound.row->run == RunVerifyShortcuts) bound.control->Execute();
+  ASSERT_FALSE(ui_.boxes_shown.empty());
+  EXPECT_EQ(ui_.boxes_shown.back().text, "All shortcuts are ok!");
   EXPECT_TRUE(ErrorsShown().empty());
 }
 
