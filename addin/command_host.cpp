@@ -32,6 +32,8 @@ void RunCommentLines(CommandHost& host, std::string_view command_name) {
   if (IsCodePaneReady(context)) CommentLinesCommand(context, command_name);
 }
 
+void RunSettingsDialog(CommandHost& host, std::string_view) { host.ShowSettingsDialog(); }
+
 void RunVerifyShortcuts(CommandHost& host, std::string_view) {
   VerifyShortcutsCommand(host.CommandContext());
 }

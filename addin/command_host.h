@@ -17,6 +17,8 @@ class CommandHost {
   // Shows (creating it when needed) the tool window of that class word:
   // "TabOrder", "DirectAccess", "CodeExplorer".
   virtual void ShowToolWindow(std::string_view class_word) = 0;
+  // The settings dialog; the settings are loaded again afterwards.
+  virtual void ShowSettingsDialog() = 0;
 };
 
 // A code-line snippet ("If Then", "ForNext", "With", ...) at the caret.
@@ -28,6 +30,7 @@ void RunShowToolWindow(CommandHost& host, std::string_view class_word);
 void RunLineNumbers(CommandHost& host, std::string_view add_or_remove);
 // Comment marks over the selection: "Comment Lines Add" or "... Remove".
 void RunCommentLines(CommandHost& host, std::string_view command_name);
+void RunSettingsDialog(CommandHost& host, std::string_view);
 // The access-key check of the active form.
 void RunVerifyShortcuts(CommandHost& host, std::string_view);
 

@@ -169,7 +169,7 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(2, 199, kPlain, "mnuhTipOfTheDayCodelineBuilder_Click"),
     Entry(2, 200, kPlain, "mnuhTipOfTheDayFragmentBuilder_Click"),
     Entry(2, 401, kPlain, "mnuhTipOfTheDayProcBuilder_Click"),
-    Entry(1, 109, kPlain, "mnuhSetting_Click"),
+    Entry(1, 109, kPlain, "mnuhSetting_Click", RunSettingsDialog),
     Popup(1, 115, kGroup),  // "&Website"
     Entry(2, 117, kPlain, "mnuhWebSiteNewVersion_Click", OpenWebPage, TAVRIN_SITE "version"),
     Entry(2, 119, kPlain, "mnuhWebSiteSupport_Click", OpenWebPage, TAVRIN_SITE "support"),

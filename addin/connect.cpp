@@ -60,12 +60,14 @@ void Connect::AddinInstance_OnConnection(std::shared_ptr<ide::IVbe> application,
     if (!application) throw ide::Error(91, "Object variable not set");
     Teardown();  // connected twice without a disconnection: start afresh
     state_ = std::make_unique<ConnectionState>(services_, application, add_in_inst);
-    state_->InitCodeFolders();
+    // The code folders are settings ("Base Folder"), so one load gives the
+    // settings, the naming prefixes and the code folders before the testing
+    // flag is looked for in the code root.
+    state_->LoadSettings();
     state_->ReadTestingFlag();
     IgnoreErrors([&] {
       state_->immediate_window = FindWindowOfType(*application, ide::WindowType::kImmediate);
     });
-    state_->LoadSettings();
     state_->current_project_file.clear();
     watcher_loaded_ = true;
     CreateToolbar(*application, services_.settings_store, "");
@@ -74,7 +76,6 @@ void Connect::AddinInstance_OnConnection(std::shared_ptr<ide::IVbe> application,
     SetUp(connect_mode, add_in_inst);
     CreateWindowOf(kDirectAccessWindow, add_in_inst);
     CreateWindowOf(kCodeExplorerWindow, add_in_inst);
-    state_->CompleteCodeFolders();
   });
 }
 
@@ -101,6 +102,10 @@ void Connect::Click(const CommandRow& row) noexcept {
   Guarded(services_.ui, row.handler, [&] {
     if (state_ && row.run) row.run(*this, row.argument);
   });
+}
+
+void Connect::ShowSettingsDialog() {
+  if (state_) state_->ShowSettingsDialog();
 }
 
 Context& Connect::CommandContext() {

@@ -58,6 +58,7 @@ class Connect : public CommandHost {
   Context& CommandContext() override;
   platform::Shell& Shell() override { return services_.shell; }
   void ShowToolWindow(std::string_view class_word) override;
+  void ShowSettingsDialog() override;
 
  private:
   void AddControls();

@@ -1,18 +1,6 @@
 #include "addin/connection_state.h"
 
 namespace tavrin::addin {
-namespace {
-
-// Joins a folder and a name with the folder's own separator.
-std::string JoinFolder(std::string_view folder, std::string_view name) {
-  std::string joined(folder);
-  const char separator = joined.find('\\') != std::string::npos ? '\\' : '/';
-  if (!joined.empty() && joined.back() != '\\' && joined.back() != '/') joined += separator;
-  return joined + std::string(name);
-}
-
-}  // namespace
-
 ConnectionState::ConnectionState(const HostServices& services, std::shared_ptr<ide::IVbe> vbe,
                                  std::shared_ptr<ide::IAddIn> add_in)
     : services_(services),
@@ -20,19 +8,29 @@ ConnectionState::ConnectionState(const HostServices& services, std::shared_ptr<i
       add_in_(std::move(add_in)),
       context_{*vbe_, services_.ui, services_.ide_options} {}
 
-// STAND-IN until the settings and code folders are merged: the code root is
-// the default "vbcode" folder beside the add-in, and nothing is loaded.
-void ConnectionState::InitCodeFolders() {}
-void ConnectionState::CompleteCodeFolders() {}
-std::string ConnectionState::CodeRoot() const {
-  return JoinFolder(JoinFolder(services_.addin_folder, "vbcode"), "");
+settings::SettingsServices ConnectionState::SettingsServices() const {
+  return {services_.profiles, services_.files, services_.ui, services_.settings_dialog,
+          services_.addin_folder};
 }
-void ConnectionState::LoadSettings() {}
-bool ConnectionState::CodeExplorerVisible() const { return true; }
-// END STAND-IN
+
+void ConnectionState::LoadSettings() {
+  settings_ = fragments::LoadSettings(SettingsServices(), /*interactive=*/true);
+}
+
+void ConnectionState::ShowSettingsDialog() {
+  services_.settings_dialog.ShowModal();
+  fragments::ReloadSettings(settings_, SettingsServices());
+}
+
+std::string ConnectionState::CodeRoot() const { return settings_.folders.CodeFolder(1); }
+
+bool ConnectionState::CodeExplorerVisible() const {
+  return settings_.YesNo(settings::Item::kViewCodeExplorerWindow);
+}
 
 bool ConnectionState::ReadTestingFlag() {
-  testing = services_.files.FileExists(CodeRoot() + std::string(kTestingFile));
+  testing = services_.files.FileExists(
+      fragments::JoinPath({CodeRoot(), std::string(kTestingFile)}, settings_.folders.Style()));
   return testing;
 }
 

@@ -1,19 +1,21 @@
 // The state of one connection of the add-in to the IDE: the IDE's root
 // object (VBInst), the add-in instance, the services of the host, and what
 // the start-up steps find (the testing flag, the Immediate window, the
-// active project as last seen). The start-up steps that belong to the
-// settings and the code folders are one call each here.
+// active project as last seen), and the settings with the code folders.
 #pragma once
 
 #include <memory>
 #include <string>
 
 #include "addin/context.h"
+#include "fragments/settings.h"
 #include "ide/object_model.h"
 #include "platform/file_system.h"
 #include "platform/ide_options.h"
+#include "platform/profile_file.h"
 #include "platform/settings_store.h"
 #include "platform/ui.h"
+#include "settings/settings_load.h"
 
 namespace tavrin::addin {
 
@@ -25,6 +27,8 @@ struct HostServices {
   platform::SettingsStore& settings_store;
   platform::FileSystem& files;
   platform::Shell& shell;
+  platform::ProfileFile& profiles;  // the INI files
+  settings::SettingsDialog& settings_dialog;
   std::string addin_folder;
 };
 
@@ -42,14 +46,14 @@ class ConnectionState {
   Context& CommandContext() { return context_; }
   const HostServices& Services() const { return services_; }
 
-  // The code folders: their paths from the settings, then (after the
-  // tool windows exist) whatever needs the IDE.
-  void InitCodeFolders();
-  void CompleteCodeFolders();
-  // The code root ("<code>"), with a trailing separator.
-  std::string CodeRoot() const;
-  // The settings, the naming prefixes and the keyword list.
+  // Loads the settings, the naming prefixes and the code folders (whose
+  // paths are settings), asking what a first run asks.
   void LoadSettings();
+  // Opens the settings dialog and loads what it applied.
+  void ShowSettingsDialog();
+  const fragments::Settings& Settings() const { return settings_; }
+  // The code root ("<code>").
+  std::string CodeRoot() const;
   // The persisted visibility of the Code Explorer window.
   bool CodeExplorerVisible() const;
 
@@ -63,7 +67,10 @@ class ConnectionState {
   std::string current_project_file;
 
  private:
+  settings::SettingsServices SettingsServices() const;
+
   HostServices services_;
+  fragments::Settings settings_;
   std::shared_ptr<ide::IVbe> vbe_;
   std::shared_ptr<ide::IAddIn> add_in_;
   Context context_;

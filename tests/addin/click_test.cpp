@@ -45,6 +45,7 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
     const auto code_before = Code();
     const auto pages_before = shell_.opened.size();
     const auto boxes_before = ui_.boxes_shown.size();
+    const int dialogs_before = settings_dialog_.shown;
     for (const ToolWindowClass& window_class : kToolWindowClasses)
       connect_.Window(window_class).window->SetVisible(false);
     project_->Components().front()->CodePane()->Show();  // a tool window took the focus
@@ -57,6 +58,7 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
     if (asks_for_form) {
       EXPECT_EQ(ui_.boxes_shown.back().text, "You must select a form!");
     }
+    EXPECT_EQ(settings_dialog_.shown, dialogs_before + (row.run == RunSettingsDialog ? 1 : 0));
     seen.insert(row.run);
     const bool edits_code =
         row.run == RunCodeLines || row.run == RunLineNumbers || row.run == RunCommentLines;
@@ -72,7 +74,8 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
     }
   }
   EXPECT_EQ(seen, (std::set<Operation>{nullptr, RunCodeLines, OpenWebPage, RunShowToolWindow,
-                                       RunLineNumbers, RunCommentLines, RunVerifyShortcuts}));
+                                       RunLineNumbers, RunCommentLines, RunVerifyShortcuts,
+                                       RunSettingsDialog}));
 }
 
 TEST_F(ClickTest, CodeCommandsDoNothingWithoutACodeWindow) {

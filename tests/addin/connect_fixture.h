@@ -19,6 +19,8 @@
 #include "ide/memory/memory_vbe.h"
 #include "platform/file_settings_store.h"
 #include "platform/ide_options.h"
+#include "platform/portable_profile_file.h"
+#include "settings/settings_load.h"
 #include "tests/support/fake_shell.h"
 #include "tests/support/fake_ui.h"
 #include "tests/support/memory_file_system.h"
@@ -71,9 +73,19 @@ class RecordingTabOrder : public ITabOrderDocument {
   }
 };
 
+class CountingSettingsDialog : public settings::SettingsDialog {
+ public:
+  int shown = 0;
+  void ShowModal() override { ++shown; }
+};
+
 class ConnectTest : public ::testing::Test {
  public:  // reached from the lambdas of case tables
-  ConnectTest() { RegisterDocuments(); }
+  ConnectTest() {
+    RegisterDocuments();
+    // A developer is known: connecting asks no first-run questions.
+    files_.AddFile("/addin/tvrusr.ini", "[Developer]\r\nDeveloper=Tester\r\n");
+  }
 
   // Disconnects and starts over with a new IDE.
   void Reset() {
@@ -133,7 +145,10 @@ class ConnectTest : public ::testing::Test {
   testing::MemoryFileSystem files_;
   platform::FileSettingsStore settings_{files_, "/home/user/tavrin-settings.ini"};
   testing::FakeShell shell_;
-  Connect connect_{HostServices{ui_, options_, settings_, files_, shell_, "/addin"}};
+  platform::PortableProfileFile profiles_{files_};
+  CountingSettingsDialog settings_dialog_;
+  Connect connect_{
+      HostServices{ui_, options_, settings_, files_, shell_, profiles_, settings_dialog_, "/addin"}};
   std::shared_ptr<RecordingExplorer> explorer_;
   std::shared_ptr<RecordingTabOrder> tab_order_;
 };

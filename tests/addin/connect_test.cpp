@@ -92,6 +92,28 @@ TEST_F(ConnectTest, TheTestingFlagAddsTheControlBuilderToTheMenuOnly) {
   EXPECT_EQ(toolbar, TableCaptions(CommandBarRoot::kToolbar, true));
 }
 
+TEST_F(ConnectTest, TheTestingFlagIsLookedForInTheCodeRootOfTheSettings) {
+  files_.AddFile("/addin/tvrusr.ini",
+                 "[Developer]\r\nDeveloper=Tester\r\n[File Locations]\r\nBase Folder=\\mycode\\\r\n");
+  files_.AddFile("/addin/vbcode/testing.txt", "");
+  ConnectAddin();
+  EXPECT_FALSE(connect_.State()->testing);
+  Disconnect();
+  files_.AddFile("/addin/mycode/testing.txt", "");
+  ConnectAddin();
+  EXPECT_TRUE(connect_.State()->testing);
+}
+
+TEST_F(ConnectTest, TheFirstConnectionSeedsTheAddinFolderAndOpensTheSettingsDialog) {
+  files_ = {};
+  ConnectAddin();
+  EXPECT_EQ(settings_dialog_.shown, 1);
+  EXPECT_TRUE(files_.FileExists("/addin/tvrtp.ini"));
+  EXPECT_TRUE(files_.FileExists("/addin/tvrusr.ini"));
+  EXPECT_EQ(connect_.State()->CodeRoot(), "/addin/vbcode/");
+  EXPECT_EQ(BarsNamed("Tavrin"), 1);
+}
+
 TEST_F(ConnectTest, TenConnectionsLeaveOneToolbarWhileConnectedAndNothingAfter) {
   OpenProject();
   const int built_in_bars = vbe_->MemoryBars()->Count();
