@@ -1,7 +1,7 @@
 // The state of one connection of the add-in to the IDE: the IDE's root
-// object (VBInst), the add-in instance, the services of the host, and what
-// the start-up steps find (the testing flag, the Immediate window, the
-// active project as last seen), and the settings with the code folders.
+// object (VBInst), the add-in instance, the services of the host, the
+// settings with the code folders, and what the start-up steps find (the
+// testing flag, the Immediate window, the active project as last seen).
 #pragma once
 
 #include <memory>
@@ -19,8 +19,8 @@
 
 namespace tavrin::addin {
 
-// What the host gives the add-in: the user, the operating system and the
-// folder the add-in was loaded from.
+// What the host gives the add-in: the user, the operating system, the
+// settings dialog and the folder the add-in was loaded from.
 struct HostServices {
   platform::Ui& ui;
   platform::IdeOptions& ide_options;
