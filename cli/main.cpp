@@ -40,7 +40,8 @@ int main(int argc, char **argv) {
       AddCommentCommand(app),    AddHtmlCommand(app),
       AddAccessKeysCommand(app), AddSettingsCommand(app),
       AddNameCommand(app),       AddPathCommand(app),
-      AddFoldersCommand(app),    AddIniCommand(app)};
+      AddFoldersCommand(app),    AddIniCommand(app),
+      AddCommandsCommand(app)};
 
   try {
     app.parse(argc, argv);
