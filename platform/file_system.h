@@ -2,6 +2,7 @@
 // separator.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,10 @@ class FileSystem {
   virtual bool FileExists(std::string_view path) = 0;
   virtual bool FolderExists(std::string_view path) = 0;
   virtual Status CreateFolders(std::string_view path) = 0;
+  // Changes whenever the file does (its size and modification time), so a
+  // cache of its contents can skip reading it again; nullopt when this file
+  // system cannot tell.
+  virtual std::optional<std::string> ChangeStamp(std::string_view path) { return std::nullopt; }
 };
 
 // The operating system's shell: the temporary folder and opening a document

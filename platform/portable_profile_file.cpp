@@ -1,5 +1,6 @@
 #include "platform/portable_profile_file.h"
 
+#include <unordered_map>
 #include <vector>
 
 #include "base/encoding.h"
@@ -54,10 +55,10 @@ class ProfileText {
     return std::string_view(text_).substr(line.begin, line.end - line.begin);
   }
   const std::vector<Section>& Sections() const { return sections_; }
+  // The first section of that name, as the system finds it.
   const Section* Find(std::string_view name) const {
-    for (const Section& section : sections_)
-      if (EqualsIgnoreCase(section.name, name)) return &section;
-    return nullptr;
+    const auto found = first_by_name_.find(ToUpperAscii(name));
+    return found == first_by_name_.end() ? nullptr : &sections_[found->second];
   }
   bool IsBlank(std::size_t index) const { return TrimProfileSpace(LineText(index)).empty(); }
 
@@ -119,6 +120,8 @@ class ProfileText {
       if (!sections_.empty()) sections_.back().lines_end = i;
       sections_.push_back({std::string(trimmed.substr(1, close - 1)), i, i + 1, lines_.size()});
     }
+    for (std::size_t i = 0; i < sections_.size(); ++i)
+      first_by_name_.try_emplace(ToUpperAscii(sections_[i].name), i);
     for (Section& section : sections_) {
       section.body_end = section.header + 1;
       for (std::size_t i = section.header + 1; i < section.lines_end; ++i)
@@ -131,6 +134,7 @@ class ProfileText {
   bool ascii_ = true;
   std::vector<Line> lines_;
   std::vector<Section> sections_;
+  std::unordered_map<std::string, std::size_t> first_by_name_;  // upper-cased name
 };
 
 
@@ -178,7 +182,11 @@ PortableProfileFile::PortableProfileFile(FileSystem& files) : files_(files) {}
 PortableProfileFile::~PortableProfileFile() = default;
 
 // A missing file, or one that cannot be read (a folder), reads as empty.
+// The model asks for every section in turn: a file of many sections must
+// not be read and parsed once per section.
 const PortableProfileFile::Parsed& PortableProfileFile::Load(std::string_view file) {
+  std::optional<std::string> stamp = files_.ChangeStamp(file);
+  if (cached_ && cached_path_ == file && stamp && stamp == cached_stamp_) return *cached_;
   auto bytes = files_.ReadFile(file);
   std::string current = bytes ? std::move(*bytes) : std::string();
   if (!cached_ || cached_path_ != file || cached_bytes_ != current) {
@@ -186,7 +194,13 @@ const PortableProfileFile::Parsed& PortableProfileFile::Load(std::string_view fi
     cached_path_ = std::string(file);
     cached_bytes_ = std::move(current);
   }
+  cached_stamp_ = std::move(stamp);
   return *cached_;
+}
+
+Status PortableProfileFile::Write(std::string_view file, const std::string& bytes) {
+  cached_.reset();
+  return files_.WriteFile(file, bytes);
 }
 
 ProfileBuffer PortableProfileFile::SectionNames(std::string_view file, std::size_t buffer_size) {
@@ -230,7 +244,7 @@ Status PortableProfileFile::WriteSection(std::string_view file, std::string_view
   } else {
     bytes = profile.Appended(SectionText(section, SplitNulList(*lines), profile.LineBreak()));
   }
-  return files_.WriteFile(file, bytes);
+  return Write(file, bytes);
 }
 
 Status PortableProfileFile::WriteString(std::string_view file, std::string_view section,
@@ -242,7 +256,7 @@ Status PortableProfileFile::WriteString(std::string_view file, std::string_view 
   if (!found) {
     const std::string line = std::string(key) + "=" + std::string(value);
     bytes = profile.Appended(SectionText(section, {line}, line_break));
-    return files_.WriteFile(file, bytes);
+    return Write(file, bytes);
   }
   for (std::size_t i = found->header + 1; i < found->body_end; ++i) {
     const std::string_view text = profile.LineText(i);
@@ -251,11 +265,11 @@ Status PortableProfileFile::WriteString(std::string_view file, std::string_view 
     const std::string line = KeyOf(text) + "=" + std::string(value);
     const std::size_t begin = profile.Begin(i);
     bytes = profile.Replaced(begin, begin + text.size(), line);
-    return files_.WriteFile(file, bytes);
+    return Write(file, bytes);
   }
   const std::size_t at = profile.Begin(found->body_end);
   bytes = profile.Replaced(at, at, std::string(key) + "=" + std::string(value) + line_break);
-  return files_.WriteFile(file, bytes);
+  return Write(file, bytes);
 }
 
 }  // namespace tavrin::platform

@@ -8,6 +8,8 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "platform/file_system.h"
 #include "platform/profile_file.h"
@@ -32,10 +34,14 @@ class PortableProfileFile : public ProfileFile {
   // The last file read, parsed: the model reads a file once per section, so
   // a file is parsed again only when its bytes changed.
   const Parsed& Load(std::string_view file);
+  // Every write goes through here: the cache is dropped first, since a
+  // file system with coarse times may not show the change in its stamp.
+  Status Write(std::string_view file, const std::string& bytes);
 
   FileSystem& files_;
   std::string cached_path_;
   std::string cached_bytes_;
+  std::optional<std::string> cached_stamp_;
   std::unique_ptr<Parsed> cached_;
 };
 

@@ -95,6 +95,16 @@ bool StdFileSystem::FileExists(std::string_view path) {
   return fs::is_regular_file(ToPath(path), error);
 }
 
+std::optional<std::string> StdFileSystem::ChangeStamp(std::string_view path) {
+  std::error_code error;
+  const fs::path file = ToPath(path);
+  const auto size = fs::file_size(file, error);
+  if (error) return std::nullopt;
+  const auto written = fs::last_write_time(file, error);
+  if (error) return std::nullopt;
+  return std::to_string(size) + ":" + std::to_string(written.time_since_epoch().count());
+}
+
 bool StdFileSystem::FolderExists(std::string_view path) {
   std::error_code error;
   return fs::is_directory(ToPath(path), error);

@@ -14,6 +14,7 @@ class StdFileSystem : public FileSystem {
   bool FileExists(std::string_view path) override;
   bool FolderExists(std::string_view path) override;
   Status CreateFolders(std::string_view path) override;
+  std::optional<std::string> ChangeStamp(std::string_view path) override;
 };
 
 }  // namespace tavrin::platform
