@@ -1,0 +1,77 @@
+#include "scan/module_scanner.h"
+
+#include <algorithm>
+
+namespace tavrin::scan {
+namespace {
+
+std::string ProjectNameOf(ide::IComponent& component) {
+  try {
+    if (const auto project = component.Project()) return project->Name();
+  } catch (const ide::Error&) {
+  }
+  return {};
+}
+
+ScannedProcedure Scan(ide::IVbe* vbe, const std::string& project, ide::IComponent& component,
+                      const std::string& name, ide::ProcKind kind) {
+  ScannedProcedure scanned;
+  scanned.status = scanned.def.init(vbe, project, component, name, kind);
+  return scanned;
+}
+
+}  // namespace
+
+std::vector<ProcedureEntry> ListProcedures(ide::ICodeModule& module) {
+  std::vector<ProcedureEntry> entries;
+  try {
+    const int count = module.CountOfLines();
+    int line = module.CountOfDeclarationLines() + 1;
+    while (line <= count) {
+      const ide::ProcRef proc = module.ProcOfLine(line);
+      if (proc.name.empty()) {
+        ++line;
+        continue;
+      }
+      ProcedureEntry entry{proc.name, proc.kind};
+      entry.start_line = module.ProcStartLine(proc.name, proc.kind);
+      entry.body_line = module.ProcBodyLine(proc.name, proc.kind);
+      entry.count_lines = module.ProcCountLines(proc.name, proc.kind);
+      // Always forward, whatever the IDE reports.
+      line = std::max(line + 1, entry.start_line + entry.count_lines);
+      entries.push_back(std::move(entry));
+    }
+  } catch (const ide::Error&) {
+  }
+  return entries;
+}
+
+std::vector<ScannedProcedure> ScanModule(ide::IVbe* vbe, ide::IComponent& component) {
+  std::vector<ScannedProcedure> scanned;
+  std::shared_ptr<ide::ICodeModule> module;
+  try {
+    module = component.CodeModule();
+  } catch (const ide::Error&) {
+  }
+  if (!module) return scanned;
+  const std::string project = ProjectNameOf(component);
+  for (const ProcedureEntry& entry : ListProcedures(*module))
+    scanned.push_back(Scan(vbe, project, component, entry.name, entry.kind));
+  return scanned;
+}
+
+std::optional<ScannedProcedure> ScanProcedureAt(ide::IVbe* vbe, ide::IComponent& component,
+                                                int line) {
+  ide::ProcRef proc;
+  try {
+    const auto module = component.CodeModule();
+    if (!module) return std::nullopt;
+    proc = module->ProcOfLine(line);
+  } catch (const ide::Error&) {
+    return std::nullopt;
+  }
+  if (proc.name.empty()) return std::nullopt;
+  return Scan(vbe, ProjectNameOf(component), component, proc.name, proc.kind);
+}
+
+}  // namespace tavrin::scan
