@@ -17,5 +17,7 @@ struct Command {
 };
 
 Command AddSnippetCommand(CLI::App& app);
+Command AddProcsCommand(CLI::App& app);
+Command AddDeclCommand(CLI::App& app);
 
 }  // namespace tavrin::cli

@@ -33,7 +33,8 @@ int main(int argc, char** argv) {
   app.require_subcommand(0, 1);
   app.fallthrough();
   GlobalOptionParser global_options(app);
-  std::vector<Command> commands = {AddSnippetCommand(app)};
+  std::vector<Command> commands = {AddSnippetCommand(app), AddProcsCommand(app),
+                                   AddDeclCommand(app)};
 
   try {
     app.parse(argc, argv);

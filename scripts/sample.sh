@@ -14,6 +14,7 @@ root=$PWD
 JOBS=(
   snippet_if_then_elseif_else
   snippet_for_next_in_place
+  procs
 )
 
 # Prints and runs one command.
@@ -55,6 +56,17 @@ job_snippet_for_next_in_place() {
   cp "$work/basMain.bas" "$work/basMain.before.bas"
   run "$tavrin" snippet ForNext "$work/basMain.bas" --caret "$line:5" -i
   run diff -u "$work/basMain.before.bas" "$work/basMain.bas" || true
+}
+
+# Every procedure of every module of the sample, parsed; the classes as JSON.
+job_procs() {
+  local file
+  for file in "$work"/*.bas "$work"/*.frm; do
+    run "$tavrin" procs "$file"
+  done
+  for file in "$work"/*.cls; do
+    run "$tavrin" procs "$file" --json
+  done
 }
 
 echo "==> bash scripts/install-deps.sh --linux-only"
