@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <string>
 
+#include "addin/code_line_commands.h"
 #include "addin/code_pane.h"
 #include "addin/ignore_errors.h"
 #include "base/text.h"
 #include "base/utf8.h"
+#include "codegen/code_line_snippets.h"
 #include "codegen/snippets.h"
 
 namespace tavrin::addin {
@@ -29,9 +31,15 @@ bool InsertCodeLines(Context& context, std::string_view command_name) {
   const bool is_if = codegen::IfFormOf(command_name).has_value();
   const bool is_loop = codegen::LoopFormOf(command_name) != nullptr;
   const bool is_with = command_name == "With";
-  if (!is_if && !is_loop && !is_with) return false;
+  const bool is_line = IsCodeLineCommand(command_name);
+  if (!is_if && !is_loop && !is_with && !is_line) return false;
   if (!IsCodePaneReady(context)) return true;
-  if (is_if) {
+  if (is_line) {
+    if (codegen::SelectCaseFormOf(command_name)) InsertSelectCase(context, command_name);
+    else if (command_name == "Exit") InsertExit(context);
+    else if (command_name == "ErrorHandling") InsertErrorHandling(context);
+    else InsertLineCommand(context, command_name);
+  } else if (is_if) {
     InsertIfBlock(context, command_name);
   } else if (is_loop) {
     InsertLoopBlock(context, command_name);

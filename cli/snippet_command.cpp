@@ -49,7 +49,7 @@ int RunSnippet(const GlobalOptions& globals, const SnippetArguments& arguments) 
 Command AddSnippetCommand(CLI::App& app) {
   auto arguments = std::make_shared<SnippetArguments>();
   CLI::App* command = app.add_subcommand(
-      "snippet", "Inserts a code-line snippet (If, loops, With) at the caret");
+      "snippet", "Inserts a code-line snippet (If, loops, With, Select Case, error lines) at the caret");
   command->add_option("name", arguments->name, "The snippet, e.g. \"If Then Else\"")->required();
   command->add_option("file", arguments->file, "A .bas, .cls, .frm, .ctl or .dsr file")
       ->required();
