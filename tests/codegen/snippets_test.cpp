@@ -1,5 +1,7 @@
 #include "codegen/snippets.h"
 
+#include "codegen/code_line_snippets.h"
+
 #include <gtest/gtest.h>
 
 #include "base/text.h"
@@ -75,7 +77,10 @@ TEST(SnippetsTest, WithBlock) {
 
 TEST(SnippetsTest, EveryNamedCommandHasABuilder) {
   for (std::string_view name : SnippetCommandNames())
-    EXPECT_TRUE(IfFormOf(name) || LoopFormOf(name) || name == "With") << name;
+    EXPECT_TRUE(IfFormOf(name) || LoopFormOf(name) || name == "With" ||
+                SelectCaseFormOf(name) || LineCommandOf(name) || name == "Exit" ||
+                name == "ErrorHandling")
+        << name;
 }
 
 }  // namespace
