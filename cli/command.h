@@ -19,5 +19,6 @@ struct Command {
 Command AddSnippetCommand(CLI::App& app);
 Command AddProcsCommand(CLI::App& app);
 Command AddDeclCommand(CLI::App& app);
+Command AddProcedureCommand(CLI::App& app);
 
 }  // namespace tavrin::cli

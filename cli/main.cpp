@@ -34,7 +34,7 @@ int main(int argc, char** argv) {
   app.fallthrough();
   GlobalOptionParser global_options(app);
   std::vector<Command> commands = {AddSnippetCommand(app), AddProcsCommand(app),
-                                   AddDeclCommand(app)};
+                                   AddDeclCommand(app), AddProcedureCommand(app)};
 
   try {
     app.parse(argc, argv);

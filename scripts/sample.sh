@@ -15,6 +15,7 @@ JOBS=(
   snippet_if_then_elseif_else
   snippet_for_next_in_place
   procs
+  procedure_round_trip
 )
 
 # Prints and runs one command.
@@ -67,6 +68,17 @@ job_procs() {
   for file in "$work"/*.cls; do
     run "$tavrin" procs "$file" --json
   done
+}
+
+# A generated function with every option, read back by procs.
+job_procedure_round_trip() {
+  run "$tavrin" procedure --name StockTotal --type Function --returns Currency \
+    --arg "ByVal Item As clsStockItem" --arg "Optional Count As Long = 1" \
+    --separate-lines --name-constant --error-handler --return-line --hourglass \
+    --module basMain | tee "$work/generated.txt"
+  { printf 'Attribute VB_Name = "basGenerated"\r\n'; cat "$work/generated.txt"; } \
+    >"$work/basGenerated.bas"
+  run "$tavrin" procs "$work/basGenerated.bas" --json
 }
 
 echo "==> bash scripts/install-deps.sh --linux-only"

@@ -96,5 +96,76 @@ TEST_F(ProcsToolTest, BadInput) {
   EXPECT_EQ(empty.status, 0) << empty.err;
 }
 
+// What `procedure` is given, `procs` reads back from the generated code.
+TEST_F(ProcsToolTest, ProcedureThenProcsIsARoundTrip) {
+  const struct {
+    std::vector<std::string> options;
+    std::string kind_str;
+    bool is_public;
+    std::string return_type;
+    std::vector<std::vector<std::string>> args;  // name, passedBy, type, default
+  } cases[] = {
+      {{"--name", "Total", "--type", "Function", "--access", "Private", "--returns", "Currency",
+        "--arg", "ByVal Price As Currency", "--arg", "Optional Count As Long = 10",
+        "--separate-lines", "--error-handler", "--return-line", "--hourglass"},
+       "Sub/Function", false, "Currency",
+       {{"Price", "ByVal", "Currency", ""}, {"Count", "ByRef", "Long", "10"}}},
+      {{"--name", "Value", "--type", "Property", "--property", "Let", "--arg",
+        "ByVal NewValue As String", "--name-constant", "--error-handler"},
+       "Property Let", true, "", {{"NewValue", "ByVal", "String", ""}}},
+      {{"--name", "Go", "--access", "Friend", "--arg", "x", "--arg", "ParamArray Rest()"},
+       "Sub/Function", true, "", {{"x", "ByRef", "Variant", ""}, {"Rest", "ByRef", "Variant", ""}}},
+  };
+  for (const auto& c : cases) {
+    std::vector<std::string> arguments = {"procedure"};
+    arguments.insert(arguments.end(), c.options.begin(), c.options.end());
+    const ToolRun generated = Run(arguments);
+    ASSERT_EQ(generated.status, 0) << generated.err;
+    const std::string module = Write("Generated.bas", "Option Explicit\r\n\r\n" + generated.out);
+    const ToolRun read = Run({"procs", module, "--json"});
+    ASSERT_EQ(read.status, 0) << read.err;
+    const auto json = nlohmann::json::parse(read.out);
+    ASSERT_EQ(json.size(), 1u) << generated.out;
+    EXPECT_EQ(json[0]["name"], c.options[1]);
+    EXPECT_EQ(json[0]["kindStr"], c.kind_str);
+    EXPECT_EQ(json[0]["isPublic"], c.is_public);
+    EXPECT_EQ(json[0]["returnType"], c.return_type);
+    ASSERT_EQ(json[0]["args"].size(), c.args.size());
+    for (std::size_t i = 0; i < c.args.size(); ++i) {
+      EXPECT_EQ(json[0]["args"][i]["name"], c.args[i][0]);
+      EXPECT_EQ(json[0]["args"][i]["passedBy"], c.args[i][1]);
+      EXPECT_EQ(json[0]["args"][i]["type"], c.args[i][2]);
+      EXPECT_EQ(json[0]["args"][i]["defaultValue"], c.args[i][3]);
+    }
+  }
+}
+
+TEST_F(ProcsToolTest, ProcedureRefusesBadInput) {
+  const struct {
+    std::vector<std::string> arguments;
+    std::string error;
+  } cases[] = {
+      {{"procedure", "--name", "X", "--arg", "Optional a", "--arg", "b"},
+       "tavrin: After the optional argument all subsequent arguments must also be optional. "
+       "Please reorder the arguments list.\n"},
+      {{"procedure", "--name", "X", "--arg", "ParamArray a()", "--arg", "b"},
+       "tavrin: ParamArray argument is used only as the last argument. Please reorder the "
+       "arguments list.\n"},
+      {{"procedure", "--name", "X", "--arg", "a", "--arg", "A As Long"},
+       "tavrin: the argument name 'A' is used twice\n"},
+      {{"procedure", "--name", "X", "--arg", " "}, "tavrin: argument 1 has no name: ' '\n"},
+      {{"procedure", "--name", "X", "--type", "Macro"},
+       "tavrin: --type must be Sub, Function or Property\n"},
+      {{"procedure", "--name", "X", "--type", "Property"},
+       "tavrin: a Property needs --property Get, Let or Set\n"},
+  };
+  for (const auto& c : cases) {
+    const ToolRun run = Run(c.arguments);
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, c.error);
+    EXPECT_EQ(run.out, "");
+  }
+}
+
 }  // namespace
 }  // namespace tavrin::testing
