@@ -1,6 +1,10 @@
 #include "scan/module_scanner.h"
 
 #include <algorithm>
+#include <set>
+#include <utility>
+
+#include "base/text.h"
 
 namespace tavrin::scan {
 namespace {
@@ -24,6 +28,9 @@ ScannedProcedure Scan(ide::IVbe* vbe, const std::string& project, ide::IComponen
 
 std::vector<ProcedureEntry> ListProcedures(ide::ICodeModule& module) {
   std::vector<ProcedureEntry> entries;
+  // The IDE answers for the first of two procedures with one name and kind
+  // (a module that does not compile); each is listed once.
+  std::set<std::pair<std::string, ide::ProcKind>> listed;
   try {
     const int count = module.CountOfLines();
     int line = module.CountOfDeclarationLines() + 1;
@@ -39,7 +46,8 @@ std::vector<ProcedureEntry> ListProcedures(ide::ICodeModule& module) {
       entry.count_lines = module.ProcCountLines(proc.name, proc.kind);
       // Always forward, whatever the IDE reports.
       line = std::max(line + 1, entry.start_line + entry.count_lines);
-      entries.push_back(std::move(entry));
+      if (listed.emplace(ToUpperAscii(proc.name), proc.kind).second)
+        entries.push_back(std::move(entry));
     }
   } catch (const ide::Error&) {
   }

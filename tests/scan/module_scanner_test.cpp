@@ -81,6 +81,15 @@ TEST_F(ModuleScannerTest, ADuplicateArgumentKeepsTheRecordAndTheOthers) {
   EXPECT_TRUE(scanned[1].status);
 }
 
+TEST_F(ModuleScannerTest, AProcedureWrittenTwiceIsListedOnce) {
+  const auto component =
+      Module("Sub A()\r\nEnd Sub\r\nSub B()\r\nEnd Sub\r\nsub a()\r\nEnd Sub");
+  const auto entries = ListProcedures(*component->CodeModule());
+  ASSERT_EQ(entries.size(), 2u);
+  EXPECT_EQ(entries[0].name, "A");
+  EXPECT_EQ(entries[1].name, "B");
+}
+
 TEST_F(ModuleScannerTest, TheProcedureAtALine) {
   const auto component = Module("Dim x\r\nSub A()\r\n  y = 1\r\nEnd Sub");
   EXPECT_FALSE(ScanProcedureAt(nullptr, *component, 1));
