@@ -106,6 +106,17 @@ bool IsCodeLineCommand(std::string_view command_name) {
          command_name == "Exit" || command_name == "ErrorHandling";
 }
 
+void InsertCodeLineCommand(Context& context, std::string_view command_name) {
+  if (codegen::SelectCaseFormOf(command_name))
+    InsertSelectCase(context, command_name);
+  else if (command_name == "Exit")
+    InsertExit(context);
+  else if (command_name == "ErrorHandling")
+    InsertErrorHandling(context);
+  else
+    InsertLineCommand(context, command_name);
+}
+
 void InsertSelectCase(Context& context, std::string_view command_name) {
   const auto form = codegen::SelectCaseFormOf(command_name);
   if (!form) return;

@@ -28,6 +28,8 @@ void InsertErrorHandling(Context& context);
 
 // True for the command names above.
 bool IsCodeLineCommand(std::string_view command_name);
+// Runs one of them.
+void InsertCodeLineCommand(Context& context, std::string_view command_name);
 
 // The template environment of a command: the settings' values, the indent
 // unit and the IDE.

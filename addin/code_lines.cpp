@@ -8,7 +8,6 @@
 #include "addin/ignore_errors.h"
 #include "base/text.h"
 #include "base/utf8.h"
-#include "codegen/code_line_snippets.h"
 #include "codegen/snippets.h"
 
 namespace tavrin::addin {
@@ -35,10 +34,7 @@ bool InsertCodeLines(Context& context, std::string_view command_name) {
   if (!is_if && !is_loop && !is_with && !is_line) return false;
   if (!IsCodePaneReady(context)) return true;
   if (is_line) {
-    if (codegen::SelectCaseFormOf(command_name)) InsertSelectCase(context, command_name);
-    else if (command_name == "Exit") InsertExit(context);
-    else if (command_name == "ErrorHandling") InsertErrorHandling(context);
-    else InsertLineCommand(context, command_name);
+    InsertCodeLineCommand(context, command_name);
   } else if (is_if) {
     InsertIfBlock(context, command_name);
   } else if (is_loop) {

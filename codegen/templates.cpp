@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/text.h"
+#include "ide/ignore_errors.h"
 #include "resources/string_table.h"
 
 namespace tavrin::codegen {
@@ -71,21 +72,18 @@ std::optional<std::string> ReadCodeFile(const TemplateEnvironment& environment,
 
 // The active code pane, or null; IDE errors count as no pane.
 std::shared_ptr<ide::ICodePane> ActivePane(const TemplateEnvironment& environment) {
-  if (!environment.vbe) return nullptr;
-  try {
-    return environment.vbe->ActiveCodePane();
-  } catch (const ide::Error&) {
-    return nullptr;
-  }
+  std::shared_ptr<ide::ICodePane> pane;
+  if (environment.vbe) ide::IgnoreErrors([&] { pane = environment.vbe->ActiveCodePane(); });
+  return pane;
 }
 
 std::string ActiveModuleName(const TemplateEnvironment& environment) {
-  try {
+  std::string name;
+  ide::IgnoreErrors([&] {
     if (const auto pane = ActivePane(environment))
-      if (const auto component = pane->CodeModule()->Parent()) return component->Name();
-  } catch (const ide::Error&) {
-  }
-  return {};
+      if (const auto component = pane->CodeModule()->Parent()) name = component->Name();
+  });
+  return name;
 }
 
 // The procedure at the caret of the active pane, with its declaration line.
@@ -96,7 +94,7 @@ struct CaretProcedure {
 
 CaretProcedure ProcedureAtCaret(const TemplateEnvironment& environment) {
   CaretProcedure found;
-  try {
+  ide::IgnoreErrors([&] {
     if (const auto pane = ActivePane(environment)) {
       const auto module = pane->CodeModule();
       const ide::ProcRef proc = module->ProcOfLine(pane->GetSelection().start_line);
@@ -104,8 +102,7 @@ CaretProcedure ProcedureAtCaret(const TemplateEnvironment& environment) {
       if (!proc.name.empty())
         found.declaration_line = module->Lines(module->ProcBodyLine(proc.name, proc.kind), 1);
     }
-  } catch (const ide::Error&) {
-  }
+  });
   return found;
 }
 

@@ -5,16 +5,17 @@
 #include <utility>
 
 #include "base/text.h"
+#include "ide/ignore_errors.h"
 
 namespace tavrin::scan {
 namespace {
 
 std::string ProjectNameOf(ide::IComponent& component) {
-  try {
-    if (const auto project = component.Project()) return project->Name();
-  } catch (const ide::Error&) {
-  }
-  return {};
+  std::string name;
+  ide::IgnoreErrors([&] {
+    if (const auto project = component.Project()) name = project->Name();
+  });
+  return name;
 }
 
 ScannedProcedure Scan(ide::IVbe* vbe, const std::string& project, ide::IComponent& component,
@@ -31,7 +32,7 @@ std::vector<ProcedureEntry> ListProcedures(ide::ICodeModule& module) {
   // The IDE answers for the first of two procedures with one name and kind
   // (a module that does not compile); each is listed once.
   std::set<std::pair<std::string, ide::ProcKind>> listed;
-  try {
+  ide::IgnoreErrors([&] {
     const int count = module.CountOfLines();
     int line = module.CountOfDeclarationLines() + 1;
     while (line <= count) {
@@ -49,18 +50,14 @@ std::vector<ProcedureEntry> ListProcedures(ide::ICodeModule& module) {
       if (listed.emplace(ToUpperAscii(proc.name), proc.kind).second)
         entries.push_back(std::move(entry));
     }
-  } catch (const ide::Error&) {
-  }
+  });
   return entries;
 }
 
 std::vector<ScannedProcedure> ScanModule(ide::IVbe* vbe, ide::IComponent& component) {
   std::vector<ScannedProcedure> scanned;
   std::shared_ptr<ide::ICodeModule> module;
-  try {
-    module = component.CodeModule();
-  } catch (const ide::Error&) {
-  }
+  ide::IgnoreErrors([&] { module = component.CodeModule(); });
   if (!module) return scanned;
   const std::string project = ProjectNameOf(component);
   for (const ProcedureEntry& entry : ListProcedures(*module))
@@ -71,13 +68,9 @@ std::vector<ScannedProcedure> ScanModule(ide::IVbe* vbe, ide::IComponent& compon
 std::optional<ScannedProcedure> ScanProcedureAt(ide::IVbe* vbe, ide::IComponent& component,
                                                 int line) {
   ide::ProcRef proc;
-  try {
-    const auto module = component.CodeModule();
-    if (!module) return std::nullopt;
-    proc = module->ProcOfLine(line);
-  } catch (const ide::Error&) {
-    return std::nullopt;
-  }
+  ide::IgnoreErrors([&] {
+    if (const auto module = component.CodeModule()) proc = module->ProcOfLine(line);
+  });
   if (proc.name.empty()) return std::nullopt;
   return Scan(vbe, ProjectNameOf(component), component, proc.name, proc.kind);
 }

@@ -8,10 +8,6 @@ namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 
-bool StartsWith(std::string_view text, std::string_view prefix) {
-  return text.substr(0, prefix.size()) == prefix;
-}
-
 // Mid(text, position) trimmed, 1-based; nothing past the end.
 std::string_view TrimmedFrom(std::string_view text, std::size_t position) {
   return position > text.size() ? std::string_view{} : TrimBlanks(text.substr(position - 1));
@@ -25,22 +21,22 @@ void C4_ProcArgument::init(std::string_view arg_text) {
   ArgDef = std::string(arg_text);
   if (TrimBlanks(arg_text).empty()) return;
   std::string_view s = arg_text;
-  if (TrimBlanks(arg_text).size() > 8 && StartsWith(s, "Optional")) {
+  if (TrimBlanks(arg_text).size() > 8 && s.starts_with("Optional")) {
     IsOptional = true;
     s = TrimmedFrom(s, 9);
   }
   IsPassedByVal = false;
   PassedBy = "ByRef";
   if (s.size() > 5) {
-    if (StartsWith(s, "ByVal")) {
+    if (s.starts_with("ByVal")) {
       IsPassedByVal = true;
       PassedBy = "ByVal";
       s = TrimmedFrom(s, 6);
-    } else if (StartsWith(s, "ByRef")) {
+    } else if (s.starts_with("ByRef")) {
       s = TrimmedFrom(s, 6);
     }
   }
-  if (s.size() > 10 && StartsWith(s, "ParamArray")) {
+  if (s.size() > 10 && s.starts_with("ParamArray")) {
     IsParamArray = true;
     s = TrimmedFrom(s, 11);
   }
@@ -48,7 +44,7 @@ void C4_ProcArgument::init(std::string_view arg_text) {
   while (name_end < s.size() && !IsNameEnd(s[name_end])) ++name_end;
   Name = std::string(TrimBlanks(s.substr(0, name_end)));
   s = s.size() == Name.size() ? std::string_view{} : TrimBlanks(s.substr(name_end));
-  if (StartsWith(s, "(")) {
+  if (s.starts_with("(")) {
     IsArray = true;
     const std::size_t close = s.find(')');
     // Without ")" the text stays as it is, as the position search gives 0.
@@ -56,7 +52,7 @@ void C4_ProcArgument::init(std::string_view arg_text) {
   }
   if (s.empty()) {
     Type_ = "Variant";
-  } else if (StartsWith(s, "=")) {
+  } else if (s.starts_with("=")) {
     Type_ = "Variant";
     s = TrimmedFrom(s, 2);
   } else {

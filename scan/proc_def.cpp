@@ -1,23 +1,11 @@
 #include "scan/proc_def.h"
 
 #include "base/text.h"
+#include "ide/ignore_errors.h"
 #include "scan/statement_text.h"
 
 namespace tavrin::scan {
 namespace {
-
-bool StartsWith(std::string_view text, std::string_view prefix) {
-  return text.substr(0, prefix.size()) == prefix;
-}
-
-// Runs one read of the IDE; an error leaves the field as it was.
-template <class Read>
-void ReadIgnoringErrors(Read&& read) {
-  try {
-    read();
-  } catch (const ide::Error&) {
-  }
-}
 
 std::string FirstStatement(std::string_view text) {
   std::vector<std::string> pieces = SplitStatements(text);
@@ -41,9 +29,9 @@ Status C4_ProcDef::init(ide::IVbe* vbe, std::string_view project, ide::IComponen
   project_ = std::string(project);
   name_ = std::string(name);
   proc_kind_ = static_cast<std::int32_t>(kind);
-  ReadIgnoringErrors([&] { module_name_ = component.Name(); });
+  ide::IgnoreErrors([&] { module_name_ = component.Name(); });
   if (vbe) {
-    ReadIgnoringErrors([&] {
+    ide::IgnoreErrors([&] {
       if (const auto active = vbe->ActiveVBProject();
           active && EqualsIgnoreCase(active->Name(), project_)) {
         group_name_ = project_;
@@ -51,7 +39,7 @@ Status C4_ProcDef::init(ide::IVbe* vbe, std::string_view project, ide::IComponen
     });
   }
   proc_kind_str_ = ProcKindStrOf(proc_kind_);
-  ReadIgnoringErrors([&] {
+  ide::IgnoreErrors([&] {
     if (const auto module = component.CodeModule()) LoadFromModule(*module);
   });
   ParseDeclaration();
@@ -75,12 +63,12 @@ Status C4_ProcDef::Init2(std::string_view code, std::string_view group_name) {
 
 void C4_ProcDef::LoadFromModule(ide::ICodeModule& module) {
   const ide::ProcKind kind = static_cast<ide::ProcKind>(proc_kind_);
-  ReadIgnoringErrors([&] { proc_start_line_ = module.ProcStartLine(name_, kind); });
-  ReadIgnoringErrors([&] { proc_count_lines_ = module.ProcCountLines(name_, kind); });
-  ReadIgnoringErrors([&] { proc_body_line_ = module.ProcBodyLine(name_, kind); });
+  ide::IgnoreErrors([&] { proc_start_line_ = module.ProcStartLine(name_, kind); });
+  ide::IgnoreErrors([&] { proc_count_lines_ = module.ProcCountLines(name_, kind); });
+  ide::IgnoreErrors([&] { proc_body_line_ = module.ProcBodyLine(name_, kind); });
   const int count = proc_count_lines_ - (proc_body_line_ - proc_start_line_);
   if (proc_body_line_ < 1 || count < 1) return;
-  ReadIgnoringErrors([&] { proc_code_ = module.Lines(proc_body_line_, count); });
+  ide::IgnoreErrors([&] { proc_code_ = module.Lines(proc_body_line_, count); });
 }
 
 void C4_ProcDef::ParseDeclaration() {
@@ -112,15 +100,15 @@ void C4_ProcDef::ParseDeclaration() {
   proc_def_count_of_lines_ = line_count;
 
   proc_is_public_ = true;
-  if (joined.size() >= 6 && StartsWith(joined, "Public")) {
+  if (joined.size() >= 6 && joined.starts_with("Public")) {
     proc_is_public_ = true;
     proc_is_static_ = false;
   }
-  if (StartsWith(joined, "Static")) {
+  if (joined.starts_with("Static")) {
     proc_is_static_ = true;
     proc_is_public_ = false;
   }
-  if (joined.size() >= 7 && StartsWith(joined, "Private")) {
+  if (joined.size() >= 7 && joined.starts_with("Private")) {
     proc_is_public_ = false;
     proc_is_static_ = false;
   }

@@ -1,10 +1,9 @@
 #include "codegen/snippets.h"
 
-#include "codegen/code_line_snippets.h"
-
 #include <gtest/gtest.h>
 
 #include "base/text.h"
+#include "codegen/code_line_snippets.h"
 
 namespace tavrin::codegen {
 namespace {
