@@ -20,5 +20,7 @@ Command AddSnippetCommand(CLI::App& app);
 Command AddProcsCommand(CLI::App& app);
 Command AddDeclCommand(CLI::App& app);
 Command AddProcedureCommand(CLI::App& app);
+Command AddHeaderCommand(CLI::App& app);
+Command AddTemplateCommand(CLI::App& app);
 
 }  // namespace tavrin::cli

@@ -34,7 +34,8 @@ int main(int argc, char** argv) {
   app.fallthrough();
   GlobalOptionParser global_options(app);
   std::vector<Command> commands = {AddSnippetCommand(app), AddProcsCommand(app),
-                                   AddDeclCommand(app), AddProcedureCommand(app)};
+                                   AddDeclCommand(app), AddProcedureCommand(app),
+                                   AddHeaderCommand(app), AddTemplateCommand(app)};
 
   try {
     app.parse(argc, argv);

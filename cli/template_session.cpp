@@ -7,6 +7,13 @@
 
 namespace tavrin::cli {
 
+std::string CodeFileText(std::string_view bytes) {
+  const std::string text = DecodeSource(bytes).text;
+  std::vector<std::string> lines;
+  for (std::string_view line : SplitAnyLineBreak(text)) lines.emplace_back(line);
+  return JoinCrLf(lines);
+}
+
 codegen::TemplateEnvironment ToolTemplateEnvironment(const GlobalOptions& globals,
                                                      platform::FileSystem& files) {
   codegen::TemplateEnvironment environment;
@@ -20,10 +27,7 @@ codegen::TemplateEnvironment ToolTemplateEnvironment(const GlobalOptions& global
       std::replace(relative.begin(), relative.end(), '\\', '/');
       Result<std::string> bytes = files.ReadFile(folder + "/" + relative);
       if (!bytes) return std::nullopt;
-      std::vector<std::string> lines;
-      for (std::string_view line : SplitAnyLineBreak(DecodeSource(*bytes).text))
-        lines.emplace_back(line);
-      return JoinCrLf(lines);
+      return CodeFileText(*bytes);
     };
   }
   return environment;

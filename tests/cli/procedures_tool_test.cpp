@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 
 #include <nlohmann/json.hpp>
@@ -10,7 +11,7 @@
 namespace tavrin::testing {
 namespace {
 
-class ProcsToolTest : public ::testing::Test {
+class ProceduresToolTest : public ::testing::Test {
  protected:
   std::string Write(std::string_view name, std::string_view bytes) {
     const std::string path = folder_.File(name);
@@ -24,7 +25,7 @@ class ProcsToolTest : public ::testing::Test {
   TempFolder folder_;
 };
 
-TEST_F(ProcsToolTest, ProcsGivesOneRecordPerProcedureWithTheModulesLines) {
+TEST_F(ProceduresToolTest, ProcsGivesOneRecordPerProcedureWithTheModulesLines) {
   const std::string module = Write(
       "Module1.bas",
       "Attribute VB_Name = \"Module1\"\r\n"
@@ -60,7 +61,7 @@ TEST_F(ProcsToolTest, ProcsGivesOneRecordPerProcedureWithTheModulesLines) {
   EXPECT_EQ(text.out, "3\tSub/Function\tAddItem\tPrice, [Count]\t\n6\tSub/Function\tTotal\t\t\n");
 }
 
-TEST_F(ProcsToolTest, ADuplicateArgumentIsReportedAndTheOthersListed) {
+TEST_F(ProceduresToolTest, ADuplicateArgumentIsReportedAndTheOthersListed) {
   const std::string module = Write("M.bas", "Sub A(x, x)\r\nEnd Sub\r\nSub B()\r\nEnd Sub\r\n");
   const ToolRun run = Run({"procs", module, "--json"});
   EXPECT_EQ(run.status, 1);
@@ -71,7 +72,7 @@ TEST_F(ProcsToolTest, ADuplicateArgumentIsReportedAndTheOthersListed) {
   EXPECT_FALSE(json[1].contains("error"));
 }
 
-TEST_F(ProcsToolTest, DeclReadsALibraryTextWithAnyLineBreaks) {
+TEST_F(ProceduresToolTest, DeclReadsALibraryTextWithAnyLineBreaks) {
   const ToolRun run =
       Run({"decl", "Function Count%(s$, _\nOptional ByVal n = 2)\n  Count = 1\nEnd Function",
            "--json"});
@@ -85,7 +86,7 @@ TEST_F(ProcsToolTest, DeclReadsALibraryTextWithAnyLineBreaks) {
   EXPECT_EQ(json["args"][1]["isByVal"], true);
 }
 
-TEST_F(ProcsToolTest, BadInput) {
+TEST_F(ProceduresToolTest, BadInput) {
   const ToolRun duplicate = Run({"decl", "Sub X(a, A)"});
   EXPECT_EQ(duplicate.status, 2);
   EXPECT_EQ(duplicate.err, "tavrin: the argument name 'A' is used twice\n");
@@ -97,7 +98,7 @@ TEST_F(ProcsToolTest, BadInput) {
 }
 
 // What `procedure` is given, `procs` reads back from the generated code.
-TEST_F(ProcsToolTest, ProcedureThenProcsIsARoundTrip) {
+TEST_F(ProceduresToolTest, ProcedureThenProcsIsARoundTrip) {
   const struct {
     std::vector<std::string> options;
     std::string kind_str;
@@ -140,7 +141,7 @@ TEST_F(ProcsToolTest, ProcedureThenProcsIsARoundTrip) {
   }
 }
 
-TEST_F(ProcsToolTest, ProcedureRefusesBadInput) {
+TEST_F(ProceduresToolTest, ProcedureRefusesBadInput) {
   const struct {
     std::vector<std::string> arguments;
     std::string error;
@@ -165,6 +166,42 @@ TEST_F(ProcsToolTest, ProcedureRefusesBadInput) {
     EXPECT_EQ(run.err, c.error);
     EXPECT_EQ(run.out, "");
   }
+}
+
+TEST_F(ProceduresToolTest, HeadersAndTemplatesFromTheAddinFolder) {
+  namespace fs = std::filesystem;
+  const fs::path headers = folder_.path() / "vbcode" / "Fragments" / "Headers And Comments";
+  fs::create_directories(headers);
+  Write("vbcode/Fragments/Headers And Comments/ProcedureHeader.bas",
+        "' {PROCEDURENAME}: {DESCRIPTION}\n");
+  Write("vbcode/Fragments/Headers And Comments/ModuleHeader.bas", "' Module {MODULENAME}\r\n");
+  Write("vbcode/inc.bas", "[{MODULENAME}]");
+  const std::string folder = folder_.path().string();
+
+  const ToolRun procedure_header =
+      Run({"header", "procedure", "Calc", "--description", "Adds.", "--addin-dir", folder});
+  ASSERT_EQ(procedure_header.status, 0) << procedure_header.err;
+  EXPECT_EQ(procedure_header.out, "    ' Calc: Adds.\r\n");
+  const ToolRun module_header = Run({"header", "module", "basMain", "--addin-dir", folder});
+  EXPECT_EQ(module_header.out, "' Module basMain\r\n");
+
+  const std::string file = Write("t.bas", "    x = {INCLUDE inc.bas} ' {PROCEDURETYPE}\n");
+  const ToolRun expanded = Run({"template", file, "--module", "basX", "--type", "Function",
+                                "--tab-width", "2", "--addin-dir", folder});
+  ASSERT_EQ(expanded.status, 0) << expanded.err;
+  EXPECT_EQ(expanded.out, "  x = [basX] ' Function\r\n");
+
+  const ToolRun with_header =
+      Run({"procedure", "--name", "Go", "--header", "--addin-dir", folder});
+  EXPECT_EQ(with_header.out, "Public Sub Go()\r\n    ' Go: \r\n\r\nEnd Sub\r\n");
+}
+
+TEST_F(ProceduresToolTest, WithoutHeaderFilesThereIsNoHeader) {
+  const ToolRun run = Run({"header", "procedure", "Calc"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(Run({"template", folder_.File("missing.bas")}).status, 2);
+  EXPECT_EQ(Run({"header", "class", "X"}).status, 2);
 }
 
 }  // namespace
