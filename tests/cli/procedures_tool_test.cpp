@@ -196,6 +196,25 @@ TEST_F(ProceduresToolTest, HeadersAndTemplatesFromTheAddinFolder) {
   EXPECT_EQ(with_header.out, "Public Sub Go()\r\n    ' Go: \r\n\r\nEnd Sub\r\n");
 }
 
+TEST_F(ProceduresToolTest, SnippetRunsTheCodeLineCommands) {
+  const std::string module = Write(
+      "M.bas", "Attribute VB_Name = \"M\"\r\nFunction F() As Boolean\r\n    x = 1\r\nEnd Function\r\n");
+  const ToolRun select =
+      Run({"snippet", "Select Case", module, "--caret", "2:5", "--answer", "x", "--json"});
+  ASSERT_EQ(select.status, 0) << select.err;
+  const auto json = nlohmann::json::parse(select.out);
+  EXPECT_EQ(json["lines"][3], "        Case True");
+  EXPECT_EQ(json["selection"], nlohmann::json::parse("[5, 13, 5, 13]"));
+
+  const ToolRun handler = Run({"snippet", "ErrorHandling", module, "--caret", "2:5", "--json"});
+  ASSERT_EQ(handler.status, 0) << handler.err;
+  EXPECT_EQ(nlohmann::json::parse(handler.out)["lines"][7], "    ErrorHandle \"M\", \"F\"");
+  EXPECT_NE(handler.err.find("has no module basErrorHandle"), std::string::npos);
+
+  const ToolRun exit = Run({"snippet", "Exit", module, "--caret", "2:5"});
+  EXPECT_NE(exit.out.find("    Exit Function\r\n"), std::string::npos);
+}
+
 TEST_F(ProceduresToolTest, WithoutHeaderFilesThereIsNoHeader) {
   const ToolRun run = Run({"header", "procedure", "Calc"});
   EXPECT_EQ(run.status, 0) << run.err;
