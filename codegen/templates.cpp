@@ -153,20 +153,23 @@ void ExpandTemplate(const TemplateEnvironment& environment, std::string& text,
 void ExpandIncludesAt(const TemplateEnvironment& environment, std::string& text,
                       std::string_view module_name, std::string_view procedure_name,
                       std::string_view procedure_type, IncludeState& state) {
+  // Built piece by piece, so many directives cost no more than one pass.
+  std::string result;
+  std::size_t copied = 0;
   std::size_t from = 0;
   while (true) {
     const std::size_t start = FindIgnoreCase(text, kIncludeDirective, from);
-    if (start == std::string::npos) return;
+    if (start == std::string::npos) break;
     const std::size_t name_start = start + kIncludeDirective.size();
     const std::size_t close = text.find('}', name_start);
-    if (close == std::string::npos) return;
+    if (close == std::string::npos) break;
     const std::string name = text.substr(name_start, close - name_start);
     from = start + 1;
     const bool cycle =
         std::any_of(state.including.begin(), state.including.end(),
                     [&](const std::string& each) { return EqualsIgnoreCase(each, name); });
     if (cycle || static_cast<int>(state.including.size()) >= kMaxIncludeDepth) continue;
-    if (state.included_bytes > kMaxIncludedBytes) return;
+    if (state.included_bytes > kMaxIncludedBytes) break;
     std::optional<std::string> included =
         ReadCodeFile(environment, environment.settings.base_folder + name);
     if (!included || included->empty()) continue;
@@ -175,11 +178,14 @@ void ExpandIncludesAt(const TemplateEnvironment& environment, std::string& text,
     ExpandTemplate(environment, *included, module_name, procedure_name, procedure_type, state);
     state.including.pop_back();
     state.included_bytes += included->size();
-    if (state.included_bytes > kMaxIncludedBytes) return;
-    text.replace(start, close + 1 - start, *included);
+    if (state.included_bytes > kMaxIncludedBytes) break;
+    result.append(text, copied, start - copied).append(*included);
     // What the included text holds was resolved inside it; go on after it.
-    from = start + included->size();
+    copied = from = close + 1;
   }
+  if (copied == 0) return;
+  result.append(text, copied, std::string::npos);
+  text = std::move(result);
 }
 
 // A header line gets the unit in front unless it is empty.

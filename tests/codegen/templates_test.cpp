@@ -138,6 +138,15 @@ TEST_F(TemplatesTest, IncludesAreExpandedRecursivelyAndCyclesLeftAsWritten) {
   for (const auto& c : cases) EXPECT_EQ(Expand(c.text), c.expected) << c.text;
 }
 
+TEST_F(TemplatesTest, ManyDirectivesInOneText) {
+  files_["\\vbcode\\c.bas"] = "C";
+  std::string text;
+  for (int i = 0; i < 20000; ++i) text += "{INCLUDE c.bas}{INCLUDE none.bas}";
+  const std::string expanded = Expand(text);
+  EXPECT_EQ(expanded.size(), 20000u * (1 + 17));
+  EXPECT_EQ(expanded.substr(0, 18), "C{INCLUDE none.bas}");
+}
+
 TEST_F(TemplatesTest, AnExponentialIncludeTreeStopsAtItsBound) {
   // Each level includes the next twice: 2^40 copies if nothing stopped it.
   for (int i = 0; i < 40; ++i) {
