@@ -164,6 +164,17 @@ void InsertErrorHandling(Context& context) {
   if (!procedure || procedure->def.ProcCode().empty()) return;
   const scan::C4_ProcDef& def = procedure->def;
   codegen::TemplateEnvironment environment = TemplateEnvironmentOf(context);
+  // A second handler would repeat its labels, which does not compile.
+  for (const std::string& label :
+       {environment.settings.exit_label, environment.settings.error_label}) {
+    if (codegen::HasLabelLine(def.ProcCode(), label)) {
+      context.ui.MessageBox("The procedure " + def.Name() + " already has the label " + label +
+                                ": it has an error handler.",
+                            platform::Buttons::kOk, platform::Icon::kInformation,
+                            platform::kAppTitle);
+      return;
+    }
+  }
   environment.prepare_error_procedure = [&] { CheckErrorModule(context, environment.settings); };
   std::string handler = codegen::ErrorHandlerTemplate(environment);
   codegen::ExpandProcedureTemplate(environment, handler, def.ModuleName(), def.Name(),

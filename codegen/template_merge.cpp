@@ -60,6 +60,12 @@ Parts CutAt(std::string_view text, std::string_view marker) {
 
 }  // namespace
 
+bool HasLabelLine(std::string_view code, std::string_view label) {
+  const auto lines = SplitCrLf(code);
+  return std::any_of(lines.begin() + std::min<std::size_t>(1, lines.size()), lines.end(),
+                     [&](std::string_view line) { return IsLabelLine(line, label); });
+}
+
 std::string RemoveMergeMarkers(std::string_view text) {
   std::string result = ReplaceAll(text, kEndOfTop, "");
   result = ReplaceAll(result, kBeginOfBottom, "");

@@ -31,6 +31,9 @@ inline constexpr std::string_view kBeforeHandleExitLabel = "<BeforeHandleExitLab
 std::string MergeTemplate(std::string_view code, std::string_view template_text,
                           std::string_view exit_label);
 
+// True when a line of the procedure's body is the label's line.
+bool HasLabelLine(std::string_view code, std::string_view label);
+
 // The text with every merge marker taken out.
 std::string RemoveMergeMarkers(std::string_view text);
 

@@ -162,6 +162,19 @@ TEST_F(CodeLineCommandsTest, ErrorHandlingMergesTheHandlerIntoTheProcedure) {
   EXPECT_NE(ui_.boxes_shown[0].text.find("basErrorHandle"), std::string::npos);
 }
 
+TEST_F(CodeLineCommandsTest, ErrorHandlingTwiceChangesNothingTheSecondTime) {
+  Open({"Sub A()", "    x = 1", "End Sub"}, 2, 1);
+  project_->AddComponent(ide::ComponentType::kStdModule, "basErrorHandle", "");
+  pane_->Show();
+  InsertCodeLines(context_, "ErrorHandling");
+  const Lines once = Code();
+  InsertCodeLines(context_, "ErrorHandling");
+  EXPECT_EQ(Code(), once);
+  ASSERT_EQ(ui_.boxes_shown.size(), 1u);
+  EXPECT_EQ(ui_.boxes_shown[0].text,
+            "The procedure A already has the label HandleExit: it has an error handler.");
+}
+
 TEST_F(CodeLineCommandsTest, ErrorHandlingWithTheModulePresentAsksNothing) {
   Open({"Sub A()", "End Sub"}, 1, 1);
   project_->AddComponent(ide::ComponentType::kStdModule, "basErrorHandle", "");

@@ -83,6 +83,13 @@ TEST(TemplateMergeTest, AnEmptyExitLabelIsNeverFound) {
             "Sub A()\r\n:\r\nB\r\nEnd Sub");
 }
 
+TEST(HasLabelLineTest, OnlyTheBodysLabelLines) {
+  EXPECT_TRUE(HasLabelLine("Sub A()\r\nhandleExit :\r\nEnd Sub", "HandleExit"));
+  EXPECT_FALSE(HasLabelLine("Sub A()\r\n    Resume HandleExit\r\nEnd Sub", "HandleExit"));
+  EXPECT_FALSE(HasLabelLine("HandleExit:", "HandleExit"));
+  EXPECT_FALSE(HasLabelLine("", "HandleExit"));
+}
+
 TEST(RemoveMergeMarkersTest, RemovesAllThree) {
   EXPECT_EQ(RemoveMergeMarkers("a<end_of_top>b<begin_of_bottom>c<BeforeHandleExitLabel>d"),
             "abcd");
