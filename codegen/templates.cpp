@@ -32,12 +32,9 @@ constexpr int kBuiltInErrorHandler = 1102;
 // Today or now in the system's formats ("%x", "%X" of the user's locale).
 std::string LocalTimeText(const char* format) {
   const std::time_t now = std::time(nullptr);
-  std::tm local{};
-#ifdef _WIN32
-  localtime_s(&local, &now);
-#else
-  localtime_r(&now, &local);
-#endif
+  // Commands run one at a time on the IDE's thread: the shared buffer of
+  // localtime is safe here.
+  const std::tm local = *std::localtime(&now);
   std::ostringstream out;
   try {
     out.imbue(std::locale(""));
