@@ -11,6 +11,7 @@ namespace {
 
 using resources::LoadResString;
 
+// The caret marker that the code pane operations resolve after insertion.
 constexpr std::string_view kCursor = "<cursor>";
 
 constexpr std::array<LineCommand, 6> kLineCommands = {{
@@ -47,38 +48,39 @@ CaseValues CaseValuesFor(SelectCaseForm form, bool in_function, std::string_view
 
 std::string SelectCaseText(SelectCaseForm form, CaseValues values, std::string_view expression,
                            std::string_view margin, std::string_view unit) {
-  const std::string select(LoadResString(kSelectCase));
   const std::string case_word(LoadResString(kCase));
+  const std::string case_margin = std::string(margin) + std::string(unit);
   const std::string body = std::string(unit) + std::string(unit);
-  std::string first = select + " ";
-  if (form == SelectCaseForm::kSelectCaseUCase) {
-    first += "UCase(" + std::string(expression) + (expression.empty() ? std::string(kCursor) : "") +
-             ")";
-  } else {
-    first += expression.empty() ? std::string(kCursor) : std::string(expression);
-  }
-  // The caret goes to the first thing left to type.
-  const std::string cursor = expression.empty() ? "" : std::string(kCursor);
+  // The caret goes to the first thing left to type: the expression when
+  // none was given, else the first Case.
+  const std::string_view at_expression = expression.empty() ? kCursor : "";
+  const std::string_view at_case = expression.empty() ? "" : kCursor;
+  std::string first = std::string(LoadResString(kSelectCase)) + " ";
+  if (form == SelectCaseForm::kSelectCaseUCase)
+    first += "UCase(" + std::string(expression) + std::string(at_expression) + ")";
+  else
+    first += std::string(expression) + std::string(at_expression);
+
   std::string text;
   AppendLine(text, margin, first);
   switch (values) {
     case CaseValues::kPlain:
-      AppendLine(text, std::string(margin) + std::string(unit), case_word + " " + cursor);
+      AppendLine(text, case_margin, case_word + " " + std::string(at_case));
       AppendLine(text, margin, body);
       break;
     case CaseValues::kText:
-      AppendLine(text, std::string(margin) + std::string(unit), case_word + " \"" + cursor + "\"");
+      AppendLine(text, case_margin, case_word + " \"" + std::string(at_case) + "\"");
       AppendLine(text, margin, body);
       break;
     case CaseValues::kBoolean:
-      AppendLine(text, std::string(margin) + std::string(unit), case_word + " True");
-      AppendLine(text, margin, body + cursor);
-      AppendLine(text, std::string(margin) + std::string(unit), case_word + " False");
+      AppendLine(text, case_margin, case_word + " True");
+      AppendLine(text, margin, body + std::string(at_case));
+      AppendLine(text, case_margin, case_word + " False");
       AppendLine(text, margin, body);
       break;
   }
   if (form == SelectCaseForm::kSelectCaseElse) {
-    AppendLine(text, std::string(margin) + std::string(unit), LoadResString(kCaseElse));
+    AppendLine(text, case_margin, LoadResString(kCaseElse));
     AppendLine(text, margin, body);
   }
   text.append(margin).append(LoadResString(kEndSelect));
