@@ -6,6 +6,7 @@
 #include "addin/code_line_commands.h"
 #include "addin/code_pane.h"
 #include "addin/ignore_errors.h"
+#include "addin/tool_commands.h"
 #include "base/text.h"
 #include "base/utf8.h"
 #include "codegen/snippets.h"
@@ -30,9 +31,11 @@ bool InsertCodeLines(Context& context, std::string_view command_name) {
   const bool is_if = codegen::IfFormOf(command_name).has_value();
   const bool is_loop = codegen::LoopFormOf(command_name) != nullptr;
   const bool is_with = command_name == "With";
+  const bool is_comment = command_name == kCommentLinesAdd || command_name == kCommentLinesRemove;
   const bool is_line = IsCodeLineCommand(command_name);
-  if (!is_if && !is_loop && !is_with && !is_line) return false;
+  if (!is_if && !is_loop && !is_with && !is_comment && !is_line) return false;
   if (!IsCodePaneReady(context)) return true;
+  if (is_comment) return CommentLinesCommand(context, command_name);
   if (is_line) {
     InsertCodeLineCommand(context, command_name);
   } else if (is_if) {

@@ -1,5 +1,5 @@
-// Steps run "with errors ignored"; the helper lives with the IDE model so the
-// scanners below the commands use the same one.
+// The commands run expected-to-fail steps through ide::IgnoreErrors; it
+// lives in ide/ so that the builders below the add-in layer use it too.
 #pragma once
 
 #include "ide/ignore_errors.h"

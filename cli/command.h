@@ -17,6 +17,15 @@ struct Command {
 };
 
 Command AddSnippetCommand(CLI::App& app);
+Command AddLinesCommand(CLI::App& app);
+Command AddCommentCommand(CLI::App& app);
+Command AddHtmlCommand(CLI::App& app);
+Command AddAccessKeysCommand(CLI::App& app);
+Command AddSettingsCommand(CLI::App& app);
+Command AddNameCommand(CLI::App& app);
+Command AddPathCommand(CLI::App& app);
+Command AddFoldersCommand(CLI::App& app);
+Command AddIniCommand(CLI::App& app);
 Command AddProcsCommand(CLI::App& app);
 Command AddDeclCommand(CLI::App& app);
 Command AddProcedureCommand(CLI::App& app);
