@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "base/utf8.h"
 #include "codegen/code_line_snippets.h"
+#include "codegen/settings_environment.h"
 #include "codegen/template_merge.h"
 #include "codegen/templates.h"
 #include "scan/module_scanner.h"
@@ -96,6 +97,11 @@ void CheckErrorModule(Context& context, const codegen::TemplateSettings& setting
 
 codegen::TemplateEnvironment TemplateEnvironmentOf(Context& context) {
   codegen::TemplateEnvironment environment;
+  if (context.settings) {
+    environment.settings = codegen::TemplateSettingsFrom(*context.settings);
+    if (context.files)
+      environment.read_code_file = codegen::CodeFileReader(*context.settings, *context.files);
+  }
   environment.indent_unit = IndentString(context.ide_options);
   environment.vbe = &context.vbe;
   return environment;
@@ -104,6 +110,11 @@ codegen::TemplateEnvironment TemplateEnvironmentOf(Context& context) {
 bool IsCodeLineCommand(std::string_view command_name) {
   return codegen::SelectCaseFormOf(command_name) || codegen::LineCommandOf(command_name) ||
          command_name == "Exit" || command_name == "ErrorHandling";
+}
+
+bool ReadsSettings(std::string_view command_name) {
+  return command_name == "On Error GoTo" || command_name == "Resume" ||
+         command_name == "ErrorHandling";
 }
 
 void InsertCodeLineCommand(Context& context, std::string_view command_name) {

@@ -28,11 +28,13 @@ void InsertErrorHandling(Context& context);
 
 // True for the command names above.
 bool IsCodeLineCommand(std::string_view command_name);
+// True for the commands that read the settings or the code folders.
+bool ReadsSettings(std::string_view command_name);
 // Runs one of them.
 void InsertCodeLineCommand(Context& context, std::string_view command_name);
 
-// The template environment of a command: the settings' values, the indent
-// unit and the IDE.
+// The template environment of a command: the context's settings and code
+// folders (the defaults while it has none), the indent unit and the IDE.
 codegen::TemplateEnvironment TemplateEnvironmentOf(Context& context);
 
 }  // namespace tavrin::addin

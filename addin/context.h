@@ -3,7 +3,9 @@
 // layers add the settings and the naming tables here.
 #pragma once
 
+#include "fragments/settings.h"
 #include "ide/object_model.h"
+#include "platform/file_system.h"
 #include "platform/ide_options.h"
 #include "platform/ui.h"
 
@@ -13,6 +15,10 @@ struct Context {
   ide::IVbe& vbe;  // the IDE's root object, VBInst
   platform::Ui& ui;
   platform::IdeOptions& ide_options;
+  // The loaded settings and the files of the code folders; while null the
+  // builders use the settings' defaults and read no files.
+  const fragments::Settings* settings = nullptr;
+  platform::FileSystem* files = nullptr;
 };
 
 }  // namespace tavrin::addin

@@ -7,7 +7,6 @@
 #include "cli/usage_error.h"
 #include "codegen/procedure_generator.h"
 #include "codegen/templates.h"
-#include "platform/std_file_system.h"
 #include "scan/proc_arguments.h"
 
 namespace tavrin::cli {
@@ -64,9 +63,7 @@ int RunProcedure(const GlobalOptions& globals, const ProcedureArguments& argumen
       arguments.access != "Private" && arguments.access != "Friend")
     throw UsageError("--access must be Public, Private or Friend");
 
-  platform::StdFileSystem files;
-  codegen::TemplateEnvironment environment = ToolTemplateEnvironment(globals, files);
-  codegen::clsProcedure procedure(environment);
+  codegen::clsProcedure procedure;
   procedure.Name = arguments.name;
   procedure.ProcType = arguments.type;
   procedure.PropertyType = arguments.property;
@@ -81,10 +78,6 @@ int RunProcedure(const GlobalOptions& globals, const ProcedureArguments& argumen
   procedure.WithReturnLine = arguments.return_line;
   procedure.WithHourglass = arguments.hourglass;
   procedure.AddHeader = arguments.header;
-  if (arguments.header && environment.read_code_file) {
-    procedure.HeaderTemplate =
-        environment.read_code_file(environment.settings.procedure_header_file).value_or("");
-  }
   scan::C4_ProcArguments names;  // keyed like the declaration parser keys them
   for (std::size_t i = 0; i < arguments.args.size(); ++i) {
     codegen::clsArgument argument = ArgumentFrom(arguments.args[i], static_cast<int>(i) + 1);
@@ -95,6 +88,15 @@ int RunProcedure(const GlobalOptions& globals, const ProcedureArguments& argumen
   }
   if (const auto order = procedure.ArgumentsOrderIsBad(); order != codegen::kOrderValid)
     throw UsageError(OneLine(codegen::ArgumentOrderMessage(order)));
+
+  // Only good input reaches the add-in's folder, which the first use seeds.
+  AddinSession session(globals);
+  codegen::TemplateEnvironment environment = ToolTemplateEnvironment(globals, session);
+  if (arguments.header) {
+    procedure.HeaderTemplate =
+        environment.read_code_file(environment.settings.procedure_header_file).value_or("");
+  }
+  procedure.SetEnvironment(std::move(environment));
   const std::string code = procedure.GenerateCode();
   std::cout.write(code.data(), static_cast<std::streamsize>(code.size()));
   return kDone;

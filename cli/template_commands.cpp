@@ -4,8 +4,8 @@
 #include "cli/command.h"
 #include "cli/template_session.h"
 #include "cli/usage_error.h"
+#include "codegen/settings_environment.h"
 #include "codegen/templates.h"
-#include "platform/std_file_system.h"
 
 namespace tavrin::cli {
 namespace {
@@ -21,8 +21,8 @@ struct HeaderArguments {
 };
 
 int RunHeader(const GlobalOptions& globals, const HeaderArguments& arguments) {
-  platform::StdFileSystem files;
-  const codegen::TemplateEnvironment environment = ToolTemplateEnvironment(globals, files);
+  AddinSession session(globals);
+  const codegen::TemplateEnvironment environment = ToolTemplateEnvironment(globals, session);
   const codegen::HeaderKind kind = arguments.kind == "module" ? codegen::HeaderKind::kModule
                                                              : codegen::HeaderKind::kProcedure;
   Print(codegen::ExpandHeader(environment, kind, arguments.name, arguments.description));
@@ -37,11 +37,11 @@ struct TemplateArguments {
 };
 
 int RunTemplate(const GlobalOptions& globals, const TemplateArguments& arguments) {
-  platform::StdFileSystem files;
-  Result<std::string> bytes = files.ReadFile(arguments.file);
+  AddinSession session(globals);
+  Result<std::string> bytes = session.Files().ReadFile(arguments.file);
   if (!bytes) throw UsageError(bytes.error());
-  std::string text = CodeFileText(*bytes);
-  const codegen::TemplateEnvironment environment = ToolTemplateEnvironment(globals, files);
+  std::string text = codegen::CodeFileText(*bytes);
+  const codegen::TemplateEnvironment environment = ToolTemplateEnvironment(globals, session);
   codegen::ExpandProcedureTemplate(environment, text, arguments.module, arguments.procedure,
                                    arguments.type);
   Print(text);

@@ -88,6 +88,7 @@ class clsProcedure {
   std::int32_t ArgumentsOrderIsBad() const;
 
   const TemplateEnvironment& Environment() const { return environment_; }
+  void SetEnvironment(TemplateEnvironment environment) { environment_ = std::move(environment); }
 
  private:
   // The arguments' texts by Position; positions outside 1..n are left out.

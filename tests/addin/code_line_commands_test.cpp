@@ -2,6 +2,7 @@
 
 #include "addin/code_lines.h"
 #include "tests/addin/code_pane_fixture.h"
+#include "tests/support/memory_file_system.h"
 
 namespace tavrin::addin {
 namespace {
@@ -182,6 +183,25 @@ TEST_F(CodeLineCommandsTest, ErrorHandlingWithTheModulePresentAsksNothing) {
   InsertCodeLines(context_, "ErrorHandling");
   EXPECT_TRUE(ui_.boxes_shown.empty());
   EXPECT_EQ(Code().size(), 9u);
+}
+
+TEST_F(CodeLineCommandsTest, TheSettingsAndTheCodeFoldersOfTheContextAreUsed) {
+  fragments::Settings settings;
+  settings.folders = fragments::CodeFolders("/addin", "\\vbcode\\", "\\vbcode\\Library\\",
+                                            platform::PathStyle::kPosix);
+  settings.values.Set(settings::Item::kErrorHandler, std::string("Oops"));
+  settings.values.Set(settings::Item::kErrorHandleModule, std::string("Module1"));
+  testing::MemoryFileSystem files;
+  files.AddFile("/addin/vbcode/ErrorHandlers/ErrorHandler.bas",
+                "    On Error GoTo {HANDLEERRORLABEL}\n<begin_of_bottom>{HANDLEERRORLABEL}:\n"
+                "    {ERRORHANDLEPROCEDURE}\n");
+  Context context{*vbe_, ui_, options_, &settings, &files};
+  Open({"Sub A()", "End Sub"}, 1, 1);
+  InsertCodeLines(context, "ErrorHandling");
+  EXPECT_EQ(Code(), (Lines{"Sub A()", "    On Error GoTo Oops", "Oops:", "    ErrorHandle",
+                           "End Sub"}));
+  // The project holds the error-handling module the settings name.
+  EXPECT_TRUE(ui_.boxes_shown.empty());
 }
 
 TEST_F(CodeLineCommandsTest, WithoutACodePaneNothingHappens) {

@@ -18,11 +18,17 @@ class ProceduresToolTest : public ::testing::Test {
     std::ofstream(path, std::ios::binary).write(bytes.data(), bytes.size());
     return path;
   }
-  ToolRun Run(const std::vector<std::string>& arguments) {
+  // Every run uses the add-in folder of the test, never the user's.
+  ToolRun Run(std::vector<std::string> arguments) {
+    arguments.insert(arguments.end(), {"--addin-dir", addin_});
     return RunTool(arguments, folder_.path().string());
   }
 
   TempFolder folder_;
+  std::string addin_ = [this] {
+    std::filesystem::create_directories(folder_.path() / "addin");
+    return folder_.File("addin");
+  }();
 };
 
 TEST_F(ProceduresToolTest, ProcsGivesOneRecordPerProcedureWithTheModulesLines) {
@@ -169,30 +175,29 @@ TEST_F(ProceduresToolTest, ProcedureRefusesBadInput) {
 }
 
 TEST_F(ProceduresToolTest, HeadersAndTemplatesFromTheAddinFolder) {
-  namespace fs = std::filesystem;
-  const fs::path headers = folder_.path() / "vbcode" / "Fragments" / "Headers And Comments";
-  fs::create_directories(headers);
-  Write("vbcode/Fragments/Headers And Comments/ProcedureHeader.bas",
+  std::filesystem::create_directories(std::filesystem::path(addin_) / "vbcode" / "Fragments" /
+                                      "Headers And Comments");
+  Write("addin/vbcode/Fragments/Headers And Comments/ProcedureHeader.bas",
         "' {PROCEDURENAME}: {DESCRIPTION}\n");
-  Write("vbcode/Fragments/Headers And Comments/ModuleHeader.bas", "' Module {MODULENAME}\r\n");
-  Write("vbcode/inc.bas", "[{MODULENAME}]");
-  const std::string folder = folder_.path().string();
+  Write("addin/vbcode/Fragments/Headers And Comments/ModuleHeader.bas",
+        "' Module {MODULENAME}\r\n");
+  Write("addin/vbcode/inc.bas", "[{MODULENAME}]");
 
   const ToolRun procedure_header =
-      Run({"header", "procedure", "Calc", "--description", "Adds.", "--addin-dir", folder});
+      Run({"header", "procedure", "Calc", "--description", "Adds."});
   ASSERT_EQ(procedure_header.status, 0) << procedure_header.err;
   EXPECT_EQ(procedure_header.out, "    ' Calc: Adds.\r\n");
-  const ToolRun module_header = Run({"header", "module", "basMain", "--addin-dir", folder});
+  const ToolRun module_header = Run({"header", "module", "basMain"});
   EXPECT_EQ(module_header.out, "' Module basMain\r\n");
 
   const std::string file = Write("t.bas", "    x = {INCLUDE inc.bas} ' {PROCEDURETYPE}\n");
   const ToolRun expanded = Run({"template", file, "--module", "basX", "--type", "Function",
-                                "--tab-width", "2", "--addin-dir", folder});
+                                "--tab-width", "2"});
   ASSERT_EQ(expanded.status, 0) << expanded.err;
   EXPECT_EQ(expanded.out, "  x = [basX] ' Function\r\n");
 
   const ToolRun with_header =
-      Run({"procedure", "--name", "Go", "--header", "--addin-dir", folder});
+      Run({"procedure", "--name", "Go", "--header"});
   EXPECT_EQ(with_header.out, "Public Sub Go()\r\n    ' Go: \r\n\r\nEnd Sub\r\n");
 }
 
@@ -215,12 +220,37 @@ TEST_F(ProceduresToolTest, SnippetRunsTheCodeLineCommands) {
   EXPECT_NE(exit.out.find("    Exit Function\r\n"), std::string::npos);
 }
 
-TEST_F(ProceduresToolTest, WithoutHeaderFilesThereIsNoHeader) {
-  const ToolRun run = Run({"header", "procedure", "Calc"});
-  EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_EQ(run.out, "");
+TEST_F(ProceduresToolTest, TheSeededFolderGivesTheDefaultHeadersAndHandler) {
+  const ToolRun header = Run({"header", "procedure", "Calc", "--description", "Adds."});
+  ASSERT_EQ(header.status, 0) << header.err;
+  EXPECT_NE(header.out.find("    ' Procedure : Calc\r\n"), std::string::npos) << header.out;
+  EXPECT_NE(header.out.find("    ' Purpose   : Adds.\r\n"), std::string::npos) << header.out;
+  // The default template was seeded and is the one merged.
+  std::ifstream seeded(addin_ + "/vbcode/ErrorHandlers/ErrorHandler.bas");
+  EXPECT_TRUE(seeded.good());
+  const ToolRun handler = Run({"procedure", "--name", "Go", "--error-handler"});
+  EXPECT_NE(handler.out.find("    ErrorHandle \"\", \"Go\"\r\n"), std::string::npos)
+      << handler.out;
+}
+
+TEST_F(ProceduresToolTest, SettingsReachTheGenerator) {
+  ASSERT_EQ(Run({"settings", "set", "ExitHandler", "ExitHere"}).status, 0);
+  ASSERT_EQ(Run({"settings", "set", "Procedure Name Constant", "PROCNAME"}).status, 0);
+  ASSERT_EQ(Run({"settings", "set", "Developer", "Ann"}).status, 0);
+  const ToolRun run =
+      Run({"procedure", "--name", "Go", "--error-handler", "--name-constant", "--header"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_NE(run.out.find("ExitHere:\r\n"), std::string::npos) << run.out;
+  EXPECT_NE(run.out.find("Resume ExitHere\r\n"), std::string::npos) << run.out;
+  EXPECT_NE(run.out.find("    Const PROCNAME = \"Go\"\r\n"), std::string::npos) << run.out;
+  EXPECT_NE(run.out.find("Ann"), std::string::npos) << run.out;
+}
+
+TEST_F(ProceduresToolTest, BadInputLeavesTheAddinFolderUnseeded) {
+  EXPECT_EQ(Run({"procedure", "--name", "X", "--arg", "a", "--arg", "a"}).status, 2);
   EXPECT_EQ(Run({"template", folder_.File("missing.bas")}).status, 2);
   EXPECT_EQ(Run({"header", "class", "X"}).status, 2);
+  EXPECT_FALSE(std::filesystem::exists(std::filesystem::path(addin_) / "tvrusr.ini"));
 }
 
 }  // namespace

@@ -145,7 +145,8 @@ TEST(ArgumentsOrderTest, Table) {
     clsProcedure procedure;
     int position = 0;
     for (const auto& [optional, param_array] : c.optional_param_array) {
-      clsArgument argument = Argument("a" + std::to_string(position), "", ++position);
+      ++position;
+      clsArgument argument = Argument("a" + std::to_string(position), "", position);
       argument.IsOptional = optional;
       argument.IsParamArray = param_array;
       procedure.Arguments.Add(argument);
