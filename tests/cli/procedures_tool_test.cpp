@@ -1,30 +1,21 @@
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <fstream>
 
 #include <nlohmann/json.hpp>
 
-#include "tests/cli/tool_runner.h"
-#include "tests/support/temp_folder.h"
+#include "tests/cli/tool_fixture.h"
 
 namespace tavrin::testing {
 namespace {
 
-class ProceduresToolTest : public ::testing::Test {
+class ProceduresToolTest : public ToolFixture {
  protected:
-  std::string Write(std::string_view name, std::string_view bytes) {
-    const std::string path = folder_.File(name);
-    std::ofstream(path, std::ios::binary).write(bytes.data(), bytes.size());
-    return path;
-  }
   // Every run uses the add-in folder of the test, never the user's.
   ToolRun Run(std::vector<std::string> arguments) {
     arguments.insert(arguments.end(), {"--addin-dir", addin_});
-    return RunTool(arguments, folder_.path().string());
+    return ToolFixture::Run(arguments);
   }
 
-  TempFolder folder_;
   std::string addin_ = [this] {
     std::filesystem::create_directories(folder_.path() / "addin");
     return folder_.File("addin");
