@@ -1,6 +1,6 @@
-// What every command works with: the IDE, the user and the IDE's options.
-// One Context lives for one connection (or one run of the tool); later
-// layers add the settings and the naming tables here.
+// What every command works with: the IDE, the user, the IDE's options and,
+// once loaded, the settings (value table, naming tables, code folders). One
+// Context lives for one connection (or one run of the tool).
 #pragma once
 
 #include "fragments/settings.h"
