@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "addin/code_line_commands.h"
 #include "addin/code_pane.h"
 #include "addin/ignore_errors.h"
 #include "addin/tool_commands.h"
@@ -31,10 +32,13 @@ bool InsertCodeLines(Context& context, std::string_view command_name) {
   const bool is_loop = codegen::LoopFormOf(command_name) != nullptr;
   const bool is_with = command_name == "With";
   const bool is_comment = command_name == kCommentLinesAdd || command_name == kCommentLinesRemove;
-  if (!is_if && !is_loop && !is_with && !is_comment) return false;
+  const bool is_line = IsCodeLineCommand(command_name);
+  if (!is_if && !is_loop && !is_with && !is_comment && !is_line) return false;
   if (!IsCodePaneReady(context)) return true;
   if (is_comment) return CommentLinesCommand(context, command_name);
-  if (is_if) {
+  if (is_line) {
+    InsertCodeLineCommand(context, command_name);
+  } else if (is_if) {
     InsertIfBlock(context, command_name);
   } else if (is_loop) {
     InsertLoopBlock(context, command_name);

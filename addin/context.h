@@ -1,9 +1,11 @@
-// What every command works with: the IDE, the user and the IDE's options.
-// One Context lives for one connection (or one run of the tool); later
-// layers add the settings and the naming tables here.
+// What every command works with: the IDE, the user, the IDE's options and,
+// once loaded, the settings (value table, naming tables, code folders). One
+// Context lives for one connection (or one run of the tool).
 #pragma once
 
+#include "fragments/settings.h"
 #include "ide/object_model.h"
+#include "platform/file_system.h"
 #include "platform/ide_options.h"
 #include "platform/ui.h"
 
@@ -13,6 +15,10 @@ struct Context {
   ide::IVbe& vbe;  // the IDE's root object, VBInst
   platform::Ui& ui;
   platform::IdeOptions& ide_options;
+  // The loaded settings and the files of the code folders; while null the
+  // builders use the settings' defaults and read no files.
+  const fragments::Settings* settings = nullptr;
+  platform::FileSystem* files = nullptr;
 };
 
 }  // namespace tavrin::addin

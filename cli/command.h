@@ -27,5 +27,10 @@ Command AddPathCommand(CLI::App& app);
 Command AddFoldersCommand(CLI::App& app);
 Command AddIniCommand(CLI::App& app);
 Command AddCommandsCommand(CLI::App& app);
+Command AddProcsCommand(CLI::App& app);
+Command AddDeclCommand(CLI::App& app);
+Command AddProcedureCommand(CLI::App& app);
+Command AddHeaderCommand(CLI::App& app);
+Command AddTemplateCommand(CLI::App& app);
 
 }  // namespace tavrin::cli

@@ -41,7 +41,9 @@ int main(int argc, char **argv) {
       AddAccessKeysCommand(app), AddSettingsCommand(app),
       AddNameCommand(app),       AddPathCommand(app),
       AddFoldersCommand(app),    AddIniCommand(app),
-      AddCommandsCommand(app)};
+      AddCommandsCommand(app),   AddProcsCommand(app),
+      AddDeclCommand(app),       AddProcedureCommand(app),
+      AddHeaderCommand(app),     AddTemplateCommand(app)};
 
   try {
     app.parse(argc, argv);

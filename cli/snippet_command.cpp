@@ -1,7 +1,10 @@
 #include <iostream>
 #include <memory>
+#include <optional>
 
+#include "addin/code_line_commands.h"
 #include "addin/code_lines.h"
+#include "cli/addin_session.h"
 #include "codegen/snippets.h"
 #include "cli/command.h"
 #include "cli/positions.h"
@@ -39,6 +42,16 @@ int RunSnippet(const GlobalOptions& globals, const SnippetArguments& arguments) 
   platform::TerminalUi ui(globals.answers, StandardInputIsTerminal(), std::cin, std::cerr);
   platform::FixedIdeOptions ide_options(globals.tab_width);
   addin::Context context{session.Vbe(), ui, ide_options};
+  // Only the commands that need them load the settings (and seed the
+  // add-in's folder on first use).
+  std::optional<AddinSession> addin_session;
+  std::optional<fragments::Settings> settings;
+  if (addin::ReadsSettings(arguments.name)) {
+    addin_session.emplace(globals);
+    settings = addin_session->Load(/*interactive=*/false);
+    context.settings = &*settings;
+    context.files = &addin_session->Files();
+  }
   addin::InsertCodeLines(context, arguments.name);
   session.WriteResult(arguments.output, globals.json, std::cout);
   return kDone;
@@ -49,7 +62,7 @@ int RunSnippet(const GlobalOptions& globals, const SnippetArguments& arguments) 
 Command AddSnippetCommand(CLI::App& app) {
   auto arguments = std::make_shared<SnippetArguments>();
   CLI::App* command = app.add_subcommand(
-      "snippet", "Inserts a code-line snippet (If, loops, With) at the caret");
+      "snippet", "Inserts a code-line snippet (If, loops, With, Select Case, error lines) at the caret");
   command->add_option("name", arguments->name, "The snippet, e.g. \"If Then Else\"")->required();
   command->add_option("file", arguments->file, "A .bas, .cls, .frm, .ctl or .dsr file")
       ->required();

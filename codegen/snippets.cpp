@@ -76,7 +76,10 @@ std::string WithBlockText(std::string_view object_text, std::string_view margin,
 const std::vector<std::string_view>& SnippetCommandNames() {
   static const std::vector<std::string_view> names = {
       "If Then", "If Then Else", "If Then Else If", "If Then ElseIf Else",
-      "IfDoLoopWhile", "IfDoLoopUntil", "ForEachNext", "ForNext", "While", "With"};
+      "IfDoLoopWhile", "IfDoLoopUntil", "ForEachNext", "ForNext", "While", "With",
+      "Select Case", "Select Case Else", "Select Case UCase", "On Error GoTo",
+      "On Error Resume Next", "On Error GoTo 0", "Resume", "ErrorHandling", "Exit", "GoTo",
+      "Debug.Print "};
   return names;
 }
 

@@ -20,6 +20,8 @@ JOBS=(
   access_keys_report
   access_keys_fix
   settings
+  procs
+  procedure_round_trip
 )
 
 # Prints and runs one command.
@@ -113,6 +115,8 @@ job_access_keys_fix() {
   run "$tavrin" access-keys "$work/frmMain.frm" --fix --yes --answer "" --answer "Fi&nd" --no \
     || echo "(status $?)"
   run diff -u "$work/frmMain.before.frm" "$work/frmMain.frm" || true
+}
+
 # The settings on first use (the add-in folder is created and seeded), one
 # changed, and the names, paths and INI model that follow from them.
 job_settings() {
@@ -124,6 +128,28 @@ job_settings() {
   run "$tavrin" folders
   run "$tavrin" ini get tvrusr.ini "Const Builder" "Const Tag Before Type Tag"
   run "$tavrin" ini dump tvrtp.ini --json
+}
+
+# Every procedure of every module of the sample, parsed; the classes as JSON.
+job_procs() {
+  local file
+  for file in "$work"/*.bas "$work"/*.frm; do
+    run "$tavrin" procs "$file"
+  done
+  for file in "$work"/*.cls; do
+    run "$tavrin" procs "$file" --json
+  done
+}
+
+# A generated function with every option, read back by procs.
+job_procedure_round_trip() {
+  run "$tavrin" procedure --name StockTotal --type Function --returns Currency \
+    --arg "ByVal Item As clsStockItem" --arg "Optional Count As Long = 1" \
+    --separate-lines --name-constant --error-handler --return-line --hourglass \
+    --module basMain | tee "$work/generated.txt"
+  { printf 'Attribute VB_Name = "basGenerated"\r\n'; cat "$work/generated.txt"; } \
+    >"$work/basGenerated.bas"
+  run "$tavrin" procs "$work/basGenerated.bas" --json
 }
 
 echo "==> bash scripts/install-deps.sh --linux-only"

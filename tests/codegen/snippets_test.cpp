@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
+#include "codegen/code_line_snippets.h"
 
 namespace tavrin::codegen {
 namespace {
@@ -75,7 +76,10 @@ TEST(SnippetsTest, WithBlock) {
 
 TEST(SnippetsTest, EveryNamedCommandHasABuilder) {
   for (std::string_view name : SnippetCommandNames())
-    EXPECT_TRUE(IfFormOf(name) || LoopFormOf(name) || name == "With") << name;
+    EXPECT_TRUE(IfFormOf(name) || LoopFormOf(name) || name == "With" ||
+                SelectCaseFormOf(name) || LineCommandOf(name) || name == "Exit" ||
+                name == "ErrorHandling")
+        << name;
 }
 
 }  // namespace

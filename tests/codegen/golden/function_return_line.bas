@@ -1,0 +1,4 @@
+Public Function Calculate(a As Long, ByVal b As Long) As Currency
+
+    Calculate = Empty
+End Function

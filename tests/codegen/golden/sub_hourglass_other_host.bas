@@ -1,0 +1,5 @@
+Public Sub Calculate(a As Long, ByVal b As Long)
+
+
+
+End Sub

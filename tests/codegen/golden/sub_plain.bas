@@ -1,0 +1,3 @@
+Public Sub Calculate(a As Long, ByVal b As Long)
+
+End Sub
