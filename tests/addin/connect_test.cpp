@@ -41,6 +41,9 @@ TEST_F(ConnectTest, BuildsTheToolbarAndTheCodeWindowEntryFromTheTable) {
   CollectCaptions(*insert->Controls(), "  ", code_window);
   EXPECT_EQ(code_window, TableCaptions(CommandBarRoot::kCodeWindow, false));
   EXPECT_TRUE(ErrorsShown().empty());
+  // Commands build with the loaded settings and read the code folders.
+  EXPECT_NE(connect_.CommandContext().settings, nullptr);
+  EXPECT_NE(connect_.CommandContext().files, nullptr);
 }
 
 TEST_F(ConnectTest, ControlsTakeGroupsPicturesStylesAndTooltipsFromTheTable) {
