@@ -123,9 +123,9 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(2, 156, kPlain, "mnuhIfThenElseIf_Click", RunCodeLines, "If Then Else If"),
     Entry(2, 157, kPlain, "mnuhIfThenElseIfElse_Click", RunCodeLines, "If Then ElseIf Else"),
     Popup(1, 141),  // "&Select"
-    Entry(2, 158, kPlain, "mnuhSelectCase_Click"),
-    Entry(2, 159, kPlain, "mnuhSelectCaseElse_Click"),
-    Entry(2, 169, kPlain, "mnuhSelectCaseUcase_Click"),
+    Entry(2, 158, kPlain, "mnuhSelectCase_Click", RunCodeLines, "Select Case"),
+    Entry(2, 159, kPlain, "mnuhSelectCaseElse_Click", RunCodeLines, "Select Case Else"),
+    Entry(2, 169, kPlain, "mnuhSelectCaseUcase_Click", RunCodeLines, "Select Case UCase"),
     Entry(2, 160, kPlain, "mnuhSelectFromCustomEnum_Click"),
     Popup(1, 142),  // "&For/While"
     Entry(2, 163, kPlain, "mnuhForEachNext_Click", RunCodeLines, "ForEachNext"),
@@ -134,14 +134,15 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Popup(2, 144),  // "D&o"
     Entry(3, 161, kPlain, "mnuhDoLoopWhile_Click", RunCodeLines, "IfDoLoopWhile"),
     Entry(3, 162, kPlain, "mnuhDoLoopUntil_Click", RunCodeLines, "IfDoLoopUntil"),
-    Entry(1, 153, kPlain, "mnuhGoto_Click"),
+    Entry(1, 153, kPlain, "mnuhGoto_Click", RunCodeLines, "GoTo"),
     Popup(1, 149),  // "&Error"
-    Entry(2, 150, kPlain, "mnuhErrorGotoLabel_Click"),
-    Entry(2, 151, kPlain, "mnuhErrorResumeNext_Click"),
-    Entry(2, 152, kPlain, "mnuhErrorGoto0_Click"),
-    Entry(2, 168, kPlain, "mnuhErrorResume_Click"),
+    Entry(2, 150, kPlain, "mnuhErrorGotoLabel_Click", RunCodeLines, "On Error GoTo"),
+    Entry(2, 151, kPlain, "mnuhErrorResumeNext_Click", RunCodeLines, "On Error Resume Next"),
+    Entry(2, 152, kPlain, "mnuhErrorGoto0_Click", RunCodeLines, "On Error GoTo 0"),
+    Entry(2, 168, kPlain, "mnuhErrorResume_Click", RunCodeLines, "Resume"),
     // Added as a drop-down, not a button, and kept so: users know it so.
-    Entry(2, 167, kGroup, "mnuhErrorHandling_Click", nullptr, {}, ControlType::kDropdown),
+    Entry(2, 167, kGroup, "mnuhErrorHandling_Click", RunCodeLines, "ErrorHandling",
+          ControlType::kDropdown),
     Popup(2, 188, kGroup),  // "&Line Numbers"
     Entry(3, 177, kPlain, "mnuhLineNumbersAdd_Click", RunLineNumbers, "Add"),
     Entry(3, 178, kPlain, "mnuhLineNumbersRemove_Click", RunLineNumbers, "Remove"),
@@ -149,8 +150,8 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(3, 177, kPlain, "mnuhCommentLinesAdd_Click", RunCommentLines, kCommentLinesAdd),
     Entry(3, 178, kPlain, "mnuhCommentLinesRemove_Click", RunCommentLines,
           kCommentLinesRemove),
-    Entry(2, 190, kGroup, "mnuhDebugPrint_Click"),
-    Entry(1, 166, kPlain, "mnuhExit_Click"),
+    Entry(2, 190, kGroup, "mnuhDebugPrint_Click", RunCodeLines, "Debug.Print "),
+    Entry(1, 166, kPlain, "mnuhExit_Click", RunCodeLines, "Exit"),
     Entry(1, 181, kPicture | kGroup, "mnuhTVRAddFragment_Click"),
     Entry(1, 184, kPlain, "mnuhTVRImportFile_Click"),
     Entry(1, 185, kPlain, "mnuhTVRExportFile_Click"),
