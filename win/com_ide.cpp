@@ -1,0 +1,403 @@
+#include "win/com_ide.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "win/dispatch.h"
+
+namespace tavrin::win {
+namespace {
+
+using ide::ICollection;
+
+std::vector<Variant> Args(std::initializer_list<long> values) {
+  std::vector<Variant> args;
+  for (long value : values) args.push_back(Variant::Long(value));
+  return args;
+}
+
+// A 1-based collection of the IDE (VBProjects, VBComponents, Windows,
+// VBControls, Properties): Count, and Item by number or by name.
+template <class T, class Base = ICollection<T>>
+class ComCollection : public Base {
+ public:
+  using Make = std::function<std::shared_ptr<T>(Dispatch)>;
+  ComCollection(Dispatch collection, std::string item_kind, Make make)
+      : collection_(std::move(collection)), item_kind_(std::move(item_kind)),
+        make_(std::move(make)) {}
+
+  int Count() override { return VariantToLong(*collection_.Get("Count").get()); }
+  std::shared_ptr<T> Item(int index) override {
+    return Wrap(collection_.CallObject("Item", Args({index})));
+  }
+  std::shared_ptr<T> Item(std::string_view name) override {
+    std::vector<Variant> args;
+    args.push_back(Variant::String(name));
+    return Wrap(collection_.CallObject("Item", std::move(args)));
+  }
+
+ private:
+  std::shared_ptr<T> Wrap(ComPtr<IDispatch> item) {
+    if (!item) throw ide::Error(9, "Subscript out of range");
+    return make_(collection_.Wrap(std::move(item), item_kind_));
+  }
+
+  Dispatch collection_;
+  std::string item_kind_;
+  Make make_;
+};
+
+std::string GetString(const Dispatch& object, std::string_view name) {
+  return VariantToString(*object.Get(name).get());
+}
+long GetLong(const Dispatch& object, std::string_view name) {
+  return VariantToLong(*object.Get(name).get());
+}
+
+std::shared_ptr<ide::IWindow> MakeWindow(Dispatch window);
+std::shared_ptr<ide::ICodePane> MakeCodePane(Dispatch pane);
+std::shared_ptr<ide::ICodeModule> MakeCodeModule(Dispatch module);
+std::shared_ptr<ide::IComponent> MakeComponent(Dispatch component);
+std::shared_ptr<ide::IProject> MakeProject(Dispatch project);
+
+// An object reached through a member, or nothing for Nothing.
+template <class Make>
+auto Child(const Dispatch& parent, std::string_view member, std::string kind, Make make)
+    -> decltype(make(Dispatch())) {
+  auto object = parent.GetObject(member);
+  if (!object) return nullptr;
+  return make(parent.Wrap(std::move(object), std::move(kind)));
+}
+
+class ComWindow : public ide::IWindow {
+ public:
+  explicit ComWindow(Dispatch window) : window_(std::move(window)) {}
+  ide::WindowType Type() override {
+    return static_cast<ide::WindowType>(GetLong(window_, "Type"));
+  }
+  std::string Caption() override { return GetString(window_, "Caption"); }
+  bool Visible() override { return VariantToBool(*window_.Get("Visible").get()); }
+  void SetVisible(bool visible) override { window_.Put("Visible", Variant::Bool(visible)); }
+  void SetFocus() override { window_.Call("SetFocus"); }
+
+ private:
+  Dispatch window_;
+};
+
+class ComWindows : public ComCollection<ide::IWindow, ide::IWindows> {
+ public:
+  explicit ComWindows(Dispatch windows)
+      : ComCollection(std::move(windows), "Window", MakeWindow) {}
+};
+
+class ComCodePane : public ide::ICodePane {
+ public:
+  explicit ComCodePane(Dispatch pane) : pane_(std::move(pane)) {}
+
+  ide::TextRange GetSelection() override {
+    long start_line = 0, start_column = 0, end_line = 0, end_column = 0;
+    std::vector<Variant> args;
+    args.push_back(Variant::LongRef(&start_line));
+    args.push_back(Variant::LongRef(&start_column));
+    args.push_back(Variant::LongRef(&end_line));
+    args.push_back(Variant::LongRef(&end_column));
+    pane_.Call("GetSelection", std::move(args));
+    return {static_cast<int>(start_line), static_cast<int>(start_column),
+            static_cast<int>(end_line), static_cast<int>(end_column)};
+  }
+  void SetSelection(const ide::TextRange& range) override {
+    pane_.Call("SetSelection", Args({range.start_line, range.start_column, range.end_line,
+                                     range.end_column}));
+  }
+  std::shared_ptr<ide::ICodeModule> CodeModule() override {
+    return Child(pane_, "CodeModule", "CodeModule", MakeCodeModule);
+  }
+  std::shared_ptr<ide::IWindow> Window() override {
+    return Child(pane_, "Window", "Window", MakeWindow);
+  }
+  void Show() override { pane_.Call("Show"); }
+
+ private:
+  Dispatch pane_;
+};
+
+class ComCodeModule : public ide::ICodeModule {
+ public:
+  explicit ComCodeModule(Dispatch module) : module_(std::move(module)) {}
+
+  std::shared_ptr<ide::IComponent> Parent() override {
+    return Child(module_, "Parent", "VBComponent", MakeComponent);
+  }
+  std::string Lines(int start_line, int count) override {
+    return VariantToString(*module_.Get("Lines", Args({start_line, count})).get());
+  }
+  int CountOfLines() override { return GetLong(module_, "CountOfLines"); }
+  int CountOfDeclarationLines() override {
+    return GetLong(module_, "CountOfDeclarationLines");
+  }
+  void InsertLines(int line, std::string_view text) override {
+    module_.Call("InsertLines", LineAndText(line, text));
+  }
+  void ReplaceLine(int line, std::string_view text) override {
+    module_.Call("ReplaceLine", LineAndText(line, text));
+  }
+  void DeleteLines(int start_line, int count) override {
+    module_.Call("DeleteLines", Args({start_line, count}));
+  }
+  bool Find(std::string_view target, ide::TextRange& range,
+            ide::FindOptions options) override {
+    long start_line = range.start_line, start_column = range.start_column;
+    long end_line = range.end_line, end_column = range.end_column;
+    std::vector<Variant> args;
+    args.push_back(Variant::String(target));
+    args.push_back(Variant::LongRef(&start_line));
+    args.push_back(Variant::LongRef(&start_column));
+    args.push_back(Variant::LongRef(&end_line));
+    args.push_back(Variant::LongRef(&end_column));
+    args.push_back(Variant::Bool(options.whole_word));
+    args.push_back(Variant::Bool(options.match_case));
+    args.push_back(Variant::Bool(options.pattern_search));
+    const bool found = VariantToBool(*module_.Call("Find", std::move(args)).get());
+    if (found) {
+      range = {static_cast<int>(start_line), static_cast<int>(start_column),
+               static_cast<int>(end_line), static_cast<int>(end_column)};
+    }
+    return found;
+  }
+  ide::ProcRef ProcOfLine(int line) override {
+    long kind = 0;
+    std::vector<Variant> args;
+    args.push_back(Variant::Long(line));
+    args.push_back(Variant::LongRef(&kind));
+    ide::ProcRef proc;
+    proc.name = VariantToString(*module_.Get("ProcOfLine", std::move(args)).get());
+    proc.kind = static_cast<ide::ProcKind>(kind);
+    return proc;
+  }
+  int ProcStartLine(std::string_view name, ide::ProcKind kind) override {
+    return ProcLine("ProcStartLine", name, kind);
+  }
+  int ProcBodyLine(std::string_view name, ide::ProcKind kind) override {
+    return ProcLine("ProcBodyLine", name, kind);
+  }
+  int ProcCountLines(std::string_view name, ide::ProcKind kind) override {
+    return ProcLine("ProcCountLines", name, kind);
+  }
+  std::shared_ptr<ide::ICodePane> CodePane() override {
+    return Child(module_, "CodePane", "CodePane", MakeCodePane);
+  }
+
+ private:
+  static std::vector<Variant> LineAndText(int line, std::string_view text) {
+    std::vector<Variant> args;
+    args.push_back(Variant::Long(line));
+    args.push_back(Variant::String(text));
+    return args;
+  }
+  int ProcLine(std::string_view member, std::string_view name, ide::ProcKind kind) {
+    std::vector<Variant> args;
+    args.push_back(Variant::String(name));
+    args.push_back(Variant::Long(static_cast<long>(kind)));
+    return VariantToLong(*module_.Get(member, std::move(args)).get());
+  }
+
+  Dispatch module_;
+};
+
+// A property of a VB6 designer control (Properties("Caption")).
+class ComProperty : public ide::IProperty {
+ public:
+  explicit ComProperty(Dispatch property) : property_(std::move(property)) {}
+  std::string Name() override { return GetString(property_, "Name"); }
+  std::string Value() override { return GetString(property_, "Value"); }
+  void SetValue(std::string_view value) override {
+    property_.Put("Value", Variant::String(value));
+  }
+
+ private:
+  Dispatch property_;
+};
+
+// A property of a VBA UserForm control, which is an ordinary member of the
+// control itself: VBA has no Properties layer.
+class ComMemberProperty : public ide::IProperty {
+ public:
+  ComMemberProperty(Dispatch control, std::string name)
+      : control_(std::move(control)), name_(std::move(name)) {}
+  std::string Name() override { return name_; }
+  std::string Value() override { return GetString(control_, name_); }
+  void SetValue(std::string_view value) override {
+    control_.Put(name_, Variant::String(value));
+  }
+
+ private:
+  Dispatch control_;
+  std::string name_;
+};
+
+// The members of a UserForm control reached by name only; VBA offers no
+// list of them without a type library.
+class ComMemberProperties : public ICollection<ide::IProperty> {
+ public:
+  explicit ComMemberProperties(Dispatch control) : control_(std::move(control)) {}
+  int Count() override { return 0; }
+  std::shared_ptr<ide::IProperty> Item(int) override {
+    throw ide::Error(9, "Subscript out of range");
+  }
+  std::shared_ptr<ide::IProperty> Item(std::string_view name) override {
+    if (!control_.Has(name)) throw ide::Error(9, "Subscript out of range");
+    return std::make_shared<ComMemberProperty>(control_, std::string(name));
+  }
+
+ private:
+  Dispatch control_;
+};
+
+class ComControl : public ide::IControl {
+ public:
+  explicit ComControl(Dispatch control) : control_(std::move(control)) {}
+
+  std::string ClassName() override {
+    if (control_.Has("ClassName")) return GetString(control_, "ClassName");
+    return TypeName();
+  }
+  std::string ProgId() override {
+    if (control_.Has("ProgId")) return GetString(control_, "ProgId");
+    return "Forms." + TypeName() + ".1";
+  }
+  std::shared_ptr<ICollection<ide::IProperty>> Properties() override {
+    if (!control_.Has("Properties")) return std::make_shared<ComMemberProperties>(control_);
+    return std::make_shared<ComCollection<ide::IProperty>>(
+        control_.Wrap(control_.GetObject("Properties"), "Properties"), "Property",
+        [](Dispatch property) { return std::make_shared<ComProperty>(std::move(property)); });
+  }
+
+ private:
+  // The class name from the control's type information ("CommandButton").
+  std::string TypeName() {
+    ComPtr<ITypeInfo> info;
+    Bstr name;
+    if (FAILED(control_.get()->GetTypeInfo(0, LOCALE_USER_DEFAULT, info.put())) || !info ||
+        FAILED(info->GetDocumentation(MEMBERID_NIL, name.put(), nullptr, nullptr, nullptr))) {
+      return {};
+    }
+    return name.ToUtf8();
+  }
+
+  Dispatch control_;
+};
+
+class ComDesigner : public ide::IDesigner {
+ public:
+  explicit ComDesigner(Dispatch designer) : designer_(std::move(designer)) {}
+
+  std::shared_ptr<ICollection<ide::IControl>> VBControls() override {
+    // VB6's VBForm has VBControls; a VBA UserForm designer has Controls.
+    const char* member = designer_.Has("VBControls") ? "VBControls" : "Controls";
+    return std::make_shared<ComCollection<ide::IControl>>(
+        designer_.Wrap(designer_.GetObject(member), member), "VBControl",
+        [](Dispatch control) { return std::make_shared<ComControl>(std::move(control)); });
+  }
+
+ private:
+  Dispatch designer_;
+};
+
+class ComComponent : public ide::IComponent {
+ public:
+  explicit ComComponent(Dispatch component) : component_(std::move(component)) {}
+
+  std::string Name() override { return GetString(component_, "Name"); }
+  ide::ComponentType Type() override {
+    return static_cast<ide::ComponentType>(GetLong(component_, "Type"));
+  }
+  std::shared_ptr<ide::ICodeModule> CodeModule() override {
+    return Child(component_, "CodeModule", "CodeModule", MakeCodeModule);
+  }
+  std::shared_ptr<ide::IDesigner> Designer() override {
+    return Child(component_, "Designer", "Designer", [](Dispatch designer) {
+      return std::make_shared<ComDesigner>(std::move(designer));
+    });
+  }
+  std::shared_ptr<ide::IProject> Project() override {
+    // The component's collection (VBComponents) belongs to the project.
+    const Dispatch components =
+        component_.Wrap(component_.GetObject("Collection"), "VBComponents");
+    return Child(components, "Parent", "VBProject", MakeProject);
+  }
+
+ private:
+  Dispatch component_;
+};
+
+class ComProject : public ide::IProject {
+ public:
+  explicit ComProject(Dispatch project) : project_(std::move(project)) {}
+
+  std::string Name() override { return GetString(project_, "Name"); }
+  std::string FileName() override { return GetString(project_, "FileName"); }
+  std::shared_ptr<ICollection<ide::IComponent>> VBComponents() override {
+    return std::make_shared<ComCollection<ide::IComponent>>(
+        project_.Wrap(project_.GetObject("VBComponents"), "VBComponents"), "VBComponent",
+        MakeComponent);
+  }
+
+ private:
+  Dispatch project_;
+};
+
+class ComVbe : public ide::IVbe {
+ public:
+  ComVbe(Dispatch vbe, KeyTyper type_keys)
+      : vbe_(std::move(vbe)), type_keys_(std::move(type_keys)) {}
+
+  std::shared_ptr<ICollection<ide::IProject>> VBProjects() override {
+    return std::make_shared<ComCollection<ide::IProject>>(
+        vbe_.Wrap(vbe_.GetObject("VBProjects"), "VBProjects"), "VBProject", MakeProject);
+  }
+  std::shared_ptr<ide::IProject> ActiveVBProject() override {
+    return Child(vbe_, "ActiveVBProject", "VBProject", MakeProject);
+  }
+  std::shared_ptr<ide::ICodePane> ActiveCodePane() override {
+    return Child(vbe_, "ActiveCodePane", "CodePane", MakeCodePane);
+  }
+  std::shared_ptr<ide::IWindow> ActiveWindow() override {
+    return Child(vbe_, "ActiveWindow", "Window", MakeWindow);
+  }
+  std::shared_ptr<ide::IWindows> Windows() override {
+    return std::make_shared<ComWindows>(vbe_.Wrap(vbe_.GetObject("Windows"), "Windows"));
+  }
+  void SendKeys(std::string_view keys) override {
+    if (type_keys_) type_keys_(keys);
+  }
+
+ private:
+  Dispatch vbe_;
+  KeyTyper type_keys_;
+};
+
+std::shared_ptr<ide::IWindow> MakeWindow(Dispatch window) {
+  return std::make_shared<ComWindow>(std::move(window));
+}
+std::shared_ptr<ide::ICodePane> MakeCodePane(Dispatch pane) {
+  return std::make_shared<ComCodePane>(std::move(pane));
+}
+std::shared_ptr<ide::ICodeModule> MakeCodeModule(Dispatch module) {
+  return std::make_shared<ComCodeModule>(std::move(module));
+}
+std::shared_ptr<ide::IComponent> MakeComponent(Dispatch component) {
+  return std::make_shared<ComComponent>(std::move(component));
+}
+std::shared_ptr<ide::IProject> MakeProject(Dispatch project) {
+  return std::make_shared<ComProject>(std::move(project));
+}
+
+}  // namespace
+
+std::shared_ptr<ide::IVbe> MakeComVbe(ComPtr<IDispatch> vbe, KeyTyper type_keys) {
+  return std::make_shared<ComVbe>(
+      Dispatch(std::move(vbe), std::make_shared<DispIdCache>(), "VBE"), std::move(type_keys));
+}
+
+}  // namespace tavrin::win
