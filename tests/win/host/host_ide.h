@@ -1,0 +1,16 @@
+// The test host's IDE: IDispatch objects over the IDE object model (the
+// in-memory IDE), with the VBE's member names, parameter order, by-reference
+// parameters and optional arguments. Every object is made afresh when asked
+// for, as a real IDE may, so whoever asks owns what it gets.
+#pragma once
+
+#include <memory>
+
+#include "ide/memory/memory_vbe.h"
+#include "tests/win/host/host_object.h"
+
+namespace tavrin::test_host {
+
+ComPtr<IDispatch> MakeHostVbe(std::shared_ptr<ide::memory::MemoryVbe> vbe);
+
+}  // namespace tavrin::test_host
