@@ -14,24 +14,10 @@ namespace {
 
 using tavrin::win::RegistrationScope;
 
-HRESULT ModulePath(std::wstring& path) {
-  path.assign(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD length = ::GetModuleFileNameW(tavrin::win::ThisModule(), path.data(),
-                                              static_cast<DWORD>(path.size()));
-    if (length == 0) return HRESULT_FROM_WIN32(::GetLastError());
-    if (length < path.size()) {
-      path.resize(length);
-      return S_OK;
-    }
-    path.resize(path.size() * 2);
-  }
-}
-
 HRESULT Register(RegistrationScope scope) noexcept {
   return tavrin::win::GuardCom([&] {
-    std::wstring path;
-    if (HRESULT hr = ModulePath(path); FAILED(hr)) return hr;
+    const std::wstring path = tavrin::win::ThisModulePath();
+    if (path.empty()) return E_FAIL;
     return tavrin::win::RegisterAddin(scope, path);
   });
 }
