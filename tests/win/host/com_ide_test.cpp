@@ -79,7 +79,7 @@ class ComIdeTest : public ::testing::Test {
   static std::shared_ptr<ide::memory::MemoryComponent> Fill(ide::memory::MemoryVbe& vbe) {
     auto project = vbe.AddProject("Project1");
     auto component = project->AddComponent(ide::ComponentType::kStdModule, "basMain", kModule);
-    project->AddSourceFile("frmMain.frm", kForm);
+    EXPECT_TRUE(project->AddSourceFile("frmMain.frm", kForm).ok());
     component->CodeModule()->CodePane()->Show();
     return component;
   }

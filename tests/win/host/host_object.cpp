@@ -13,19 +13,25 @@ std::atomic<long> g_live{0};
 // Far from the ids of either IDE.
 constexpr DISPID kFirstId = 0x4000;
 
+// Asked for by HostIdentity only: the object is one of the host's.
+constexpr IID kHostObjectIid = {
+    0x6f1d2c40, 0x53a1, 0x4b7e, {0x9a, 0x11, 0x0c, 0x5e, 0x2b, 0x7d, 0x41, 0x90}};
+
 [[noreturn]] void Fail(HRESULT result) { throw HostFailure{result}; }
 
 class HostObject final : public IDispatch {
  public:
-  explicit HostObject(std::vector<HostMember> members) : members_(std::move(members)) {
+  HostObject(std::vector<HostMember> members, std::shared_ptr<void> identity)
+      : members_(std::move(members)), identity_(std::move(identity)) {
     ++g_live;
   }
+  const std::shared_ptr<void>& Identity() const { return identity_; }
   HostObject(const HostObject&) = delete;
   HostObject& operator=(const HostObject&) = delete;
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) noexcept override {
     if (!object) return E_POINTER;
-    if (iid == IID_IUnknown || iid == IID_IDispatch) {
+    if (iid == IID_IUnknown || iid == IID_IDispatch || iid == kHostObjectIid) {
       *object = static_cast<IDispatch*>(this);
       AddRef();
       return S_OK;
@@ -129,6 +135,7 @@ class HostObject final : public IDispatch {
 
   std::atomic<ULONG> references_{1};
   std::vector<HostMember> members_;
+  std::shared_ptr<void> identity_;
 };
 
 }  // namespace
@@ -231,10 +238,18 @@ HostMember PropertyWithArgs(std::wstring name, std::size_t required, std::size_t
   return member;
 }
 
-ComPtr<IDispatch> MakeHostObject(std::vector<HostMember> members) {
-  return ComPtr<IDispatch>::Attach(new HostObject(std::move(members)));
+ComPtr<IDispatch> MakeHostObject(std::vector<HostMember> members,
+                                 std::shared_ptr<void> identity) {
+  return ComPtr<IDispatch>::Attach(new HostObject(std::move(members), std::move(identity)));
+}
+
+std::shared_ptr<void> HostIdentity(IDispatch* object) {
+  ComPtr<IDispatch> host;
+  if (!object || FAILED(object->QueryInterface(kHostObjectIid, host.put_void()))) return {};
+  return static_cast<HostObject*>(host.get())->Identity();
 }
 
 long LiveHostObjects() { return g_live.load(); }
+void CountHostObject(long change) { g_live += change; }
 
 }  // namespace tavrin::test_host

@@ -11,6 +11,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -77,9 +78,16 @@ HostMember Method(std::wstring name, std::size_t required, std::size_t allowed,
 HostMember PropertyWithArgs(std::wstring name, std::size_t required, std::size_t allowed,
                             std::function<Variant(HostCall&)> get);
 
-ComPtr<IDispatch> MakeHostObject(std::vector<HostMember> members);
+// `identity` is the model object behind the host object, for calls that
+// take host objects as arguments.
+ComPtr<IDispatch> MakeHostObject(std::vector<HostMember> members,
+                                 std::shared_ptr<void> identity = nullptr);
+// The model object behind a host object; empty for any other object.
+std::shared_ptr<void> HostIdentity(IDispatch* object);
 
 // Host objects alive now.
 long LiveHostObjects();
+// For the host's other COM objects, which count as host objects too.
+void CountHostObject(long change);
 
 }  // namespace tavrin::test_host
