@@ -395,6 +395,18 @@ std::shared_ptr<ide::IProject> MakeProject(Dispatch project) {
 
 }  // namespace
 
+HWND MainWindowHandle(const ComPtr<IDispatch>& vbe) noexcept {
+  try {
+    const Dispatch root(vbe, std::make_shared<DispIdCache>(), "VBE");
+    const Dispatch window = root.Wrap(root.GetObject("MainWindow"), "Window");
+    // Window handles keep 32 significant bits on 64-bit Windows too.
+    return reinterpret_cast<HWND>(
+        static_cast<LONG_PTR>(VariantToLong(*window.Get("HWnd").get())));
+  } catch (...) {
+    return nullptr;  // dialogs without an owner still work
+  }
+}
+
 std::shared_ptr<ide::IVbe> MakeComVbe(ComPtr<IDispatch> vbe, KeyTyper type_keys) {
   return std::make_shared<ComVbe>(
       Dispatch(std::move(vbe), std::make_shared<DispIdCache>(), "VBE"), std::move(type_keys));

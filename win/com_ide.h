@@ -19,4 +19,8 @@ using KeyTyper = std::function<void(std::string_view keys)>;
 // `vbe` is the IDE's root object (VBInst).
 std::shared_ptr<ide::IVbe> MakeComVbe(ComPtr<IDispatch> vbe, KeyTyper type_keys);
 
+// The IDE's main window (VBE.MainWindow.HWnd), the owner of the add-in's
+// dialogs; null when the IDE does not tell.
+HWND MainWindowHandle(const ComPtr<IDispatch>& vbe) noexcept;
+
 }  // namespace tavrin::win

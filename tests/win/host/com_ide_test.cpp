@@ -235,6 +235,16 @@ TEST_F(ComIdeTest, IdeErrorsKeepTheirNumberAndText) {
   }
 }
 
+TEST_F(ComIdeTest, MainWindowOwnsTheDialogs) {
+  EXPECT_EQ(win::MainWindowHandle(host_), nullptr);  // the host tells 0
+  win::UniqueHwnd window(::CreateWindowExW(0, L"STATIC", L"IDE", WS_POPUP, 0, 0, 1, 1, nullptr,
+                                           nullptr, nullptr, nullptr));
+  if (!window) GTEST_SKIP() << "no display to make windows on";
+  EXPECT_EQ(win::MainWindowHandle(MakeHostVbe(memory_, window.get())), window.get());
+  // An object that is no IDE gives no owner, and no error.
+  EXPECT_EQ(win::MainWindowHandle(MakeHostObject({})), nullptr);
+}
+
 TEST_F(ComIdeTest, NothingComesBackAsNull) {
   memory_->ActivateWindow(nullptr);
   EXPECT_EQ(vbe_->ActiveWindow(), nullptr);

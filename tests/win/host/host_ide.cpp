@@ -40,8 +40,11 @@ ComPtr<IDispatch> MakeCollection(std::shared_ptr<C> items, Make<T> make,
   return MakeHostObject(std::move(members));
 }
 
-ComPtr<IDispatch> MakeWindow(std::shared_ptr<IWindow> window) {
+// `handle` is what the window tells as its HWnd.
+ComPtr<IDispatch> MakeWindowWithHandle(std::shared_ptr<IWindow> window, HWND handle) {
   return MakeHostObject({
+      Property(L"HWnd",
+               [handle] { return Variant::Long(static_cast<long>(reinterpret_cast<LONG_PTR>(handle))); }),
       Property(L"Type", [window] { return Variant::Long(static_cast<long>(window->Type())); }),
       Property(L"Caption", [window] { return Variant::String(window->Caption()); }),
       Property(
@@ -53,6 +56,10 @@ ComPtr<IDispatch> MakeWindow(std::shared_ptr<IWindow> window) {
                return Variant();
              }),
   });
+}
+
+ComPtr<IDispatch> MakeWindow(std::shared_ptr<IWindow> window) {
+  return MakeWindowWithHandle(std::move(window), nullptr);
 }
 
 ComPtr<IDispatch> MakeCodePane(std::shared_ptr<ICodePane> pane) {
@@ -211,7 +218,7 @@ ComPtr<IDispatch> MakeProject(std::shared_ptr<IProject> project) {
 
 }  // namespace
 
-ComPtr<IDispatch> MakeHostVbe(std::shared_ptr<ide::memory::MemoryVbe> vbe) {
+ComPtr<IDispatch> MakeHostVbe(std::shared_ptr<ide::memory::MemoryVbe> vbe, HWND main_window) {
   return MakeHostObject({
       Property(L"Version", [] { return Variant::String("6.00"); }),
       Property(L"VBProjects",
@@ -222,7 +229,8 @@ ComPtr<IDispatch> MakeHostVbe(std::shared_ptr<ide::memory::MemoryVbe> vbe) {
       Property(L"ActiveVBProject", [vbe] { return ObjectOf(vbe->ActiveVBProject(), &MakeProject); }),
       Property(L"ActiveCodePane", [vbe] { return ObjectOf(vbe->ActiveCodePane(), &MakeCodePane); }),
       Property(L"ActiveWindow", [vbe] { return ObjectOf(vbe->ActiveWindow(), &MakeWindow); }),
-      Property(L"MainWindow", [vbe] { return ObjectOf(vbe->MainWindow(), &MakeWindow); }),
+      Property(L"MainWindow",
+               [vbe, main_window] { return Variant::Object(MakeWindowWithHandle(vbe->MainWindow(), main_window).get()); }),
       Property(L"Windows",
                [vbe] {
                  return Variant::Object(

@@ -11,6 +11,8 @@
 
 namespace tavrin::test_host {
 
-ComPtr<IDispatch> MakeHostVbe(std::shared_ptr<ide::memory::MemoryVbe> vbe);
+// `main_window` is what the main window tells as its HWnd.
+ComPtr<IDispatch> MakeHostVbe(std::shared_ptr<ide::memory::MemoryVbe> vbe,
+                              HWND main_window = nullptr);
 
 }  // namespace tavrin::test_host
