@@ -13,9 +13,12 @@ struct ScreenDc {
   }
 };
 
-// The clipboard is open for this object's life.
+// The clipboard is open for this object's life, owned by a hidden window of
+// its own: opened without a window, the clipboard takes no data.
 struct OpenClipboard {
-  bool open = ::OpenClipboard(nullptr) != FALSE;
+  UniqueHwnd owner{::CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                     nullptr, nullptr)};
+  bool open = owner && ::OpenClipboard(owner.get()) != FALSE;
   ~OpenClipboard() {
     if (open) ::CloseClipboard();
   }
