@@ -5,6 +5,7 @@
 
 #include "addin/code_pane.h"
 #include "addin/ignore_errors.h"
+#include "addin/tool_commands.h"
 #include "base/text.h"
 #include "base/utf8.h"
 #include "codegen/snippets.h"
@@ -29,8 +30,10 @@ bool InsertCodeLines(Context& context, std::string_view command_name) {
   const bool is_if = codegen::IfFormOf(command_name).has_value();
   const bool is_loop = codegen::LoopFormOf(command_name) != nullptr;
   const bool is_with = command_name == "With";
-  if (!is_if && !is_loop && !is_with) return false;
+  const bool is_comment = command_name == kCommentLinesAdd || command_name == kCommentLinesRemove;
+  if (!is_if && !is_loop && !is_with && !is_comment) return false;
   if (!IsCodePaneReady(context)) return true;
+  if (is_comment) return CommentLinesCommand(context, command_name);
   if (is_if) {
     InsertIfBlock(context, command_name);
   } else if (is_loop) {

@@ -1,24 +1,11 @@
-// Runs one step whose failure is expected and harmless (the IDE raising an
-// error for a line that is not there, a lookup that finds nothing): the error
-// is dropped and the caller goes on with its next step.
+// The commands run expected-to-fail steps through ide::IgnoreErrors; it
+// lives in ide/ so that the builders below the add-in layer use it too.
 #pragma once
 
-#include <utility>
-
-#include "ide/object_model.h"
+#include "ide/ignore_errors.h"
 
 namespace tavrin::addin {
 
-// Returns false when the step raised an IDE error. Anything else (a bug, no
-// memory, a question nobody can answer) still reaches the command's guard.
-template <class Step>
-bool IgnoreErrors(Step&& step) {
-  try {
-    std::forward<Step>(step)();
-    return true;
-  } catch (const ide::Error&) {
-    return false;
-  }
-}
+using ide::IgnoreErrors;
 
 }  // namespace tavrin::addin

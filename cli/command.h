@@ -17,5 +17,9 @@ struct Command {
 };
 
 Command AddSnippetCommand(CLI::App& app);
+Command AddLinesCommand(CLI::App& app);
+Command AddCommentCommand(CLI::App& app);
+Command AddHtmlCommand(CLI::App& app);
+Command AddAccessKeysCommand(CLI::App& app);
 
 }  // namespace tavrin::cli

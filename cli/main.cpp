@@ -34,7 +34,9 @@ int main(int argc, char** argv) {
   app.require_subcommand(0, 1);
   app.fallthrough();
   GlobalOptionParser global_options(app);
-  std::vector<Command> commands = {AddSnippetCommand(app)};
+  std::vector<Command> commands = {AddSnippetCommand(app),    AddLinesCommand(app),
+                                   AddCommentCommand(app),    AddHtmlCommand(app),
+                                   AddAccessKeysCommand(app)};
 
   const std::vector<std::string> arguments = tavrin::platform::Utf8Arguments(argc, argv);
   std::vector<const char*> argument_pointers;

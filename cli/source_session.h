@@ -30,6 +30,7 @@ class SourceSession {
 
   ide::IVbe& Vbe() { return *vbe_; }
   std::shared_ptr<ide::ICodePane> Pane() { return pane_; }
+  std::shared_ptr<ide::memory::MemoryComponent> Component() { return component_; }
 
   // The edited file to standard output, OUT or the file itself; with
   // `json` the code lines and the selection to standard output instead.

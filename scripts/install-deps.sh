@@ -19,6 +19,7 @@ packages=(
   cmake ninja-build g++ clang
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   libcli11-dev nlohmann-json3-dev
+  chromium
 )
 if [[ $linux_only == 0 ]]; then
   packages+=(

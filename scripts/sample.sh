@@ -14,6 +14,11 @@ root=$PWD
 JOBS=(
   snippet_if_then_elseif_else
   snippet_for_next_in_place
+  lines_add_remove
+  comment_add_remove
+  html_page
+  access_keys_report
+  access_keys_fix
 )
 
 # Prints and runs one command.
@@ -55,6 +60,58 @@ job_snippet_for_next_in_place() {
   cp "$work/basMain.bas" "$work/basMain.before.bas"
   run "$tavrin" snippet ForNext "$work/basMain.bas" --caret "$line:5" -i
   run diff -u "$work/basMain.before.bas" "$work/basMain.bas" || true
+}
+
+# Line numbers over Sub Main, written into the file and shown as a diff; then
+# removed again, which gives back the original apart from empty lines, which
+# come back holding one blank.
+job_lines_add_remove() {
+  local first last
+  first=$(code_line "$work/basMain.bas" "Public Sub Main()")
+  last=$((first + 8))
+  cp "$work/basMain.bas" "$work/basMain.before.bas"
+  run "$tavrin" lines add "$work/basMain.bas" --lines "$first-$last" -i
+  run diff -u "$work/basMain.before.bas" "$work/basMain.bas" || true
+  run "$tavrin" lines remove "$work/basMain.bas" --lines "$first-$last" -i
+  run diff -u "$work/basMain.before.bas" "$work/basMain.bas" || true
+}
+
+# Three lines commented (selected by dragging to column 1 of the fourth) as
+# JSON, then commented and uncommented in the file: no difference remains.
+job_comment_add_remove() {
+  local first
+  first=$(code_line "$work/basMain.bas" "Set gItems = New Collection")
+  run "$tavrin" --json comment add "$work/basMain.bas" --select "$first:5-$((first + 3)):1"
+  cp "$work/basMain.bas" "$work/basMain.before.bas"
+  run "$tavrin" comment add "$work/basMain.bas" --lines "$first-$((first + 2))" -i
+  run "$tavrin" comment remove "$work/basMain.bas" --lines "$first-$((first + 2))" -i
+  run diff -u "$work/basMain.before.bas" "$work/basMain.bas" && echo "(no difference)"
+}
+
+# The module as a coloured page (Windows-1252, as it declares), and one
+# procedure's fragment.
+job_html_page() {
+  run "$tavrin" html "$work/basMain.bas" -o "$work/basMain.htm"
+  run head -c 400 "$work/basMain.htm"
+  echo
+  run "$tavrin" html "$work/basMain.bas" --procedure Main --fragment
+  echo
+}
+
+# The main form's access keys: &Find and &File share F, &Open, &Options and
+# &Open... share O (status 1: conflicts found).
+job_access_keys_report() {
+  run "$tavrin" access-keys "$work/frmMain.frm" || echo "(status $?)"
+  run "$tavrin" --json access-keys "$work/frmMain.frm" || echo "(status $?)"
+}
+
+# The F conflict corrected (mnuFile kept, cmdFind becomes Fi&nd), the O
+# conflict left; the form is written and the changed line shown.
+job_access_keys_fix() {
+  cp "$work/frmMain.frm" "$work/frmMain.before.frm"
+  run "$tavrin" access-keys "$work/frmMain.frm" --fix --yes --answer "" --answer "Fi&nd" --no \
+    || echo "(status $?)"
+  run diff -u "$work/frmMain.before.frm" "$work/frmMain.frm" || true
 }
 
 echo "==> bash scripts/install-deps.sh --linux-only"

@@ -6,7 +6,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "tests/cli/tool_runner.h"
+#include "tests/cli/tool_fixture.h"
 #include "tests/support/temp_folder.h"
 
 namespace tavrin::testing {
@@ -31,23 +31,7 @@ constexpr std::string_view kModule1 =
     "\r\n"                                     // 12
     "End Sub\r\n";                             // 13
 
-class ToolTest : public ::testing::Test {
- protected:
-  std::string Write(std::string_view name, std::string_view bytes) {
-    const std::string path = folder_.File(name);
-    std::ofstream(path, std::ios::binary).write(bytes.data(), bytes.size());
-    return path;
-  }
-  std::string Read(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  }
-  ToolRun Run(const std::vector<std::string>& arguments) {
-    return RunTool(arguments, folder_.path().string());
-  }
-
-  TempFolder folder_;
-};
+using ToolTest = ToolFixture;
 
 TEST_F(ToolTest, SnippetAsJsonGivesTheLinesAndTheCaret) {
   const std::string module = Write("Module1.bas", kModule1);
