@@ -21,5 +21,10 @@ Command AddLinesCommand(CLI::App& app);
 Command AddCommentCommand(CLI::App& app);
 Command AddHtmlCommand(CLI::App& app);
 Command AddAccessKeysCommand(CLI::App& app);
+Command AddSettingsCommand(CLI::App& app);
+Command AddNameCommand(CLI::App& app);
+Command AddPathCommand(CLI::App& app);
+Command AddFoldersCommand(CLI::App& app);
+Command AddIniCommand(CLI::App& app);
 
 }  // namespace tavrin::cli

@@ -2,7 +2,7 @@
 #include <iostream>
 #include <memory>
 
-#include "cli/addin_folder.h"
+#include "cli/addin_session.h"
 #include "cli/command.h"
 #include "cli/source_session.h"
 #include "cli/usage_error.h"

@@ -21,22 +21,27 @@ int Fail(std::string_view message) {
   return tavrin::cli::kBadInput;
 }
 
-}  // namespace
+} // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char **argv) {
   using namespace tavrin::cli;
 #ifdef _WIN32
   // Source files are written byte for byte, CR LF included.
   _setmode(_fileno(stdout), _O_BINARY);
 #endif
-  CLI::App app{"Builds and transforms Visual Basic code in exported source files.", "tavrin"};
+  CLI::App app{
+      "Builds and transforms Visual Basic code in exported source files.",
+      "tavrin"};
   app.set_version_flag("--version", "tavrin " TAVRIN_VERSION);
   app.require_subcommand(0, 1);
   app.fallthrough();
   GlobalOptionParser global_options(app);
-  std::vector<Command> commands = {AddSnippetCommand(app),    AddLinesCommand(app),
-                                   AddCommentCommand(app),    AddHtmlCommand(app),
-                                   AddAccessKeysCommand(app)};
+  std::vector<Command> commands = {
+      AddSnippetCommand(app),    AddLinesCommand(app),
+      AddCommentCommand(app),    AddHtmlCommand(app),
+      AddAccessKeysCommand(app), AddSettingsCommand(app),
+      AddNameCommand(app),       AddPathCommand(app),
+      AddFoldersCommand(app),    AddIniCommand(app)};
 
   const std::vector<std::string> arguments = tavrin::platform::Utf8Arguments(argc, argv);
   std::vector<const char*> argument_pointers;
@@ -44,29 +49,30 @@ int main(int argc, char** argv) {
 
   try {
     app.parse(static_cast<int>(argument_pointers.size()), argument_pointers.data());
-  } catch (const CLI::CallForHelp& help) {
+  } catch (const CLI::CallForHelp &help) {
     return app.exit(help);
-  } catch (const CLI::CallForAllHelp& help) {
+  } catch (const CLI::CallForAllHelp &help) {
     return app.exit(help);
-  } catch (const CLI::CallForVersion& version) {
+  } catch (const CLI::CallForVersion &version) {
     return app.exit(version);
-  } catch (const CLI::ParseError& error) {
+  } catch (const CLI::ParseError &error) {
     return Fail(error.what());
   }
 
   const GlobalOptions globals = global_options.Collect(app);
   try {
-    for (const Command& command : commands)
-      if (command.app->parsed()) return command.run(globals);
+    for (const Command &command : commands)
+      if (command.app->parsed())
+        return command.run(globals);
     return Fail("no command given; see tavrin --help");
-  } catch (const UsageError& error) {
+  } catch (const UsageError &error) {
     return Fail(error.what());
-  } catch (const tavrin::platform::UnansweredQuestion& error) {
+  } catch (const tavrin::platform::UnansweredQuestion &error) {
     return Fail(error.what());
-  } catch (const tavrin::ide::Error& error) {
-    return Fail(std::string("the IDE model raised error ") + std::to_string(error.number()) +
-                ": " + error.what());
-  } catch (const std::exception& error) {
+  } catch (const tavrin::ide::Error &error) {
+    return Fail(std::string("the IDE model raised error ") +
+                std::to_string(error.number()) + ": " + error.what());
+  } catch (const std::exception &error) {
     return Fail(std::string("internal error: ") + error.what());
   }
 }

@@ -64,3 +64,24 @@ add_custom_command(
 if(WIN32)
   enable_language(RC)
 endif()
+
+# The default add-in folder (resources/addin/ and the error-handling module)
+# as a C++ source: TAVRIN_DEFAULT_FILES_SOURCE.
+set(TAVRIN_DEFAULT_FILES_SOURCE ${TAVRIN_GENERATED_DIR}/default_addin_files.cpp)
+file(GLOB_RECURSE _tavrin_addin_files CONFIGURE_DEPENDS
+     RELATIVE ${PROJECT_SOURCE_DIR}/resources/addin ${PROJECT_SOURCE_DIR}/resources/addin/*)
+list(SORT _tavrin_addin_files)
+set(_tavrin_embed_pairs
+    "${PROJECT_SOURCE_DIR}/resources/basErrorHandle.bas=vbcode/ErrorHandlers/basErrorHandle.bas")
+set(_tavrin_embed_sources ${PROJECT_SOURCE_DIR}/resources/basErrorHandle.bas)
+foreach(file IN LISTS _tavrin_addin_files)
+  list(APPEND _tavrin_embed_pairs "${PROJECT_SOURCE_DIR}/resources/addin/${file}=${file}")
+  list(APPEND _tavrin_embed_sources ${PROJECT_SOURCE_DIR}/resources/addin/${file})
+endforeach()
+add_custom_command(
+  OUTPUT ${TAVRIN_DEFAULT_FILES_SOURCE}
+  COMMAND ${CMAKE_COMMAND} -DOUTPUT=${TAVRIN_DEFAULT_FILES_SOURCE}
+          "-DFILES=${_tavrin_embed_pairs}" -P ${PROJECT_SOURCE_DIR}/cmake/EmbedFiles.cmake
+  DEPENDS ${_tavrin_embed_sources} ${PROJECT_SOURCE_DIR}/cmake/EmbedFiles.cmake
+  COMMENT "Embedding the default add-in folder"
+  VERBATIM)

@@ -42,10 +42,16 @@ Result<std::string> StdFileSystem::ReadFile(std::string_view path) {
     return Error{"cannot read " + Quoted(path) + ": it is a folder"};
   std::ifstream in(file, std::ios::binary);
   if (!in) return Error{"cannot read " + Quoted(path) + ": " + std::strerror(errno)};
+  // One block read of the size the file has, then whatever it grew by.
   std::string bytes;
   const auto size = fs::file_size(file, error);
-  if (!error) bytes.reserve(static_cast<std::size_t>(size));
-  bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  if (!error) {
+    bytes.resize(static_cast<std::size_t>(size));
+    in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    bytes.resize(static_cast<std::size_t>(in.gcount()));
+    in.clear(in.rdstate() & ~std::ios::failbit & ~std::ios::eofbit);
+  }
+  bytes.append(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
   if (in.bad()) return Error{"cannot read " + Quoted(path) + ": read error"};
   return bytes;
 }

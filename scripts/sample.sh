@@ -19,6 +19,7 @@ JOBS=(
   html_page
   access_keys_report
   access_keys_fix
+  settings
 )
 
 # Prints and runs one command.
@@ -112,6 +113,17 @@ job_access_keys_fix() {
   run "$tavrin" access-keys "$work/frmMain.frm" --fix --yes --answer "" --answer "Fi&nd" --no \
     || echo "(status $?)"
   run diff -u "$work/frmMain.before.frm" "$work/frmMain.frm" || true
+# The settings on first use (the add-in folder is created and seeded), one
+# changed, and the names, paths and INI model that follow from them.
+job_settings() {
+  run "$tavrin" settings --json
+  run "$tavrin" settings set "Const Tag Before Type Tag" False
+  run "$tavrin" name MaxItems --type Long --scope global --const
+  run "$tavrin" name Count --type Long --scope module
+  run "$tavrin" path '<fragments>\Headers And Comments\ProcedureHeader.bas'
+  run "$tavrin" folders
+  run "$tavrin" ini get tvrusr.ini "Const Builder" "Const Tag Before Type Tag"
+  run "$tavrin" ini dump tvrtp.ini --json
 }
 
 echo "==> bash scripts/install-deps.sh --linux-only"

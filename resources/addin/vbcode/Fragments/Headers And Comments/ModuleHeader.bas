@@ -1,0 +1,8 @@
+'===========================================================================
+' Module    : {MODULENAME}
+' Author    : {AUTHOR} ({INITIALS})
+' Company   : {COMPANYNAME}
+' Copyright : {COPYRIGHT}
+' Date      : {DATE}
+' Purpose   : {DESCRIPTION}
+'===========================================================================
