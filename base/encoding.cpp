@@ -51,14 +51,21 @@ bool HasMultiByte(std::string_view text) {
 
 }  // namespace
 
+// Source text is nearly all ASCII: runs of it are copied in one piece.
+std::size_t AsciiRunEnd(std::string_view text, std::size_t from) {
+  while (from < text.size() && static_cast<unsigned char>(text[from]) < 0x80) ++from;
+  return from;
+}
+
 std::string Windows1252ToUtf8(std::string_view bytes) {
   std::string out;
   out.reserve(bytes.size() + bytes.size() / 8);
-  for (char byte : bytes) {
-    const auto b = static_cast<unsigned char>(byte);
-    if (b < 0x80) out += byte;
-    else if (b < 0xA0) AppendUtf8(out, kHighControls[b - 0x80]);
-    else AppendUtf8(out, b);
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    const std::size_t run_end = AsciiRunEnd(bytes, i);
+    out.append(bytes, i, run_end - i);
+    if ((i = run_end) == bytes.size()) break;
+    const auto b = static_cast<unsigned char>(bytes[i]);
+    AppendUtf8(out, b < 0xA0 ? char32_t{kHighControls[b - 0x80]} : char32_t{b});
   }
   return out;
 }
@@ -67,11 +74,10 @@ std::string Utf8ToWindows1252(std::string_view text) {
   std::string out;
   out.reserve(text.size());
   for (std::size_t i = 0; i < text.size();) {
+    const std::size_t run_end = AsciiRunEnd(text, i);
+    out.append(text, i, run_end - i);
+    if ((i = run_end) == text.size()) break;
     const auto lead = static_cast<unsigned char>(text[i]);
-    if (lead < 0x80) {
-      out += text[i++];
-      continue;
-    }
     std::size_t length = (lead & 0xE0) == 0xC0 ? 2 : (lead & 0xF0) == 0xE0 ? 3
                        : (lead & 0xF8) == 0xF0 ? 4 : 1;
     if (i + length > text.size() || !utf8::IsValid(text.substr(i, length))) length = 1;

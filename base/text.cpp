@@ -32,8 +32,6 @@ int CountLeadingBlanks(std::string_view text) {
 
 std::string Blanks(int count) { return std::string(std::max(count, 0), ' '); }
 
-char ToUpperAscii(char c) { return (c >= 'a' && c <= 'z') ? char(c - 'a' + 'A') : c; }
-char ToLowerAscii(char c) { return (c >= 'A' && c <= 'Z') ? char(c - 'A' + 'a') : c; }
 
 std::string ToUpperAscii(std::string_view text) {
   std::string result(text);

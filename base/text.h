@@ -20,8 +20,9 @@ bool IsBlankOrEmpty(std::string_view text);
 int CountLeadingBlanks(std::string_view text);
 std::string Blanks(int count);
 
-char ToUpperAscii(char c);
-char ToLowerAscii(char c);
+// Inline: every case-insensitive comparison calls these per character.
+inline char ToUpperAscii(char c) { return (c >= 'a' && c <= 'z') ? char(c - 'a' + 'A') : c; }
+inline char ToLowerAscii(char c) { return (c >= 'A' && c <= 'Z') ? char(c - 'A' + 'a') : c; }
 std::string ToUpperAscii(std::string_view text);
 std::string ToLowerAscii(std::string_view text);
 bool EqualsIgnoreCase(std::string_view a, std::string_view b);

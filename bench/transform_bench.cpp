@@ -3,6 +3,7 @@
 // (one block read, one write per changed line).
 #include <benchmark/benchmark.h>
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,8 @@
 #include "ide/memory/memory_vbe.h"
 #include "transform/code_to_html.h"
 #include "transform/line_numbering.h"
+#include "tests/support/counting_pane.h"
+#include "transform/comment_lines.h"
 #include "transform/pane_transforms.h"
 
 namespace tavrin {
@@ -99,6 +102,35 @@ void BM_LineNumbersInCodePane(benchmark::State& state) {
   SetLineRate(state, 2 * code.size());
 }
 BENCHMARK(BM_LineNumbersInCodePane)->Unit(benchmark::kMillisecond);
+
+// The calls each command makes into the IDE over the whole module: one
+// block read, and one write per line whose text changes.
+void BM_IdeCallsPerCommand(benchmark::State& state) {
+  const std::string code = JoinCrLf(GeneratedModule());
+  int reads = 0, writes = 0;
+  for (auto _ : state) {
+    state.PauseTiming();
+    auto vbe = ide::memory::MemoryVbe::Create();
+    auto component =
+        vbe->AddProject("Project1")->AddComponent(ide::ComponentType::kStdModule, "Module1", code);
+    testing::CountingPane pane(component->CodeModule()->CodePane());
+    pane.SetSelection({1, 1, kLines, 1});
+    state.ResumeTiming();
+    switch (state.range(0)) {
+      case 0: { long long start = 0; transform::AddLineNumbers(pane, start); break; }
+      case 1: transform::RemoveLineNumbers(pane); break;
+      case 2: transform::AddCommentMarks(pane); break;
+      default: transform::RemoveCommentMarks(pane); break;
+    }
+    reads = pane.counts().reads;
+    writes = pane.counts().replaces;
+  }
+  state.SetLabel(std::array{"lines add", "lines remove", "comment add", "comment remove"}
+                     [state.range(0)]);
+  state.counters["reads"] = reads;
+  state.counters["writes"] = writes;
+}
+BENCHMARK(BM_IdeCallsPerCommand)->DenseRange(0, 3)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 }  // namespace
 }  // namespace tavrin

@@ -26,5 +26,6 @@ Command AddNameCommand(CLI::App& app);
 Command AddPathCommand(CLI::App& app);
 Command AddFoldersCommand(CLI::App& app);
 Command AddIniCommand(CLI::App& app);
+Command AddCommandsCommand(CLI::App& app);
 
 }  // namespace tavrin::cli

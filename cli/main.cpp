@@ -41,7 +41,8 @@ int main(int argc, char **argv) {
       AddCommentCommand(app),    AddHtmlCommand(app),
       AddAccessKeysCommand(app), AddSettingsCommand(app),
       AddNameCommand(app),       AddPathCommand(app),
-      AddFoldersCommand(app),    AddIniCommand(app)};
+      AddFoldersCommand(app),    AddIniCommand(app),
+      AddCommandsCommand(app)};
 
   const std::vector<std::string> arguments = tavrin::platform::Utf8Arguments(argc, argv);
   std::vector<const char*> argument_pointers;

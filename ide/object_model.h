@@ -26,6 +26,11 @@ class IWindow;
 class IDesigner;
 class IControl;
 class IProperty;
+class IAddIn;
+class IUserDocument;
+class ICommandBars;  // ide/command_bars.h
+class IEvents;       // ide/events.h
+struct Picture;      // ide/command_bars.h
 
 // A run-time error raised by the IDE. The number is the IDE's error number
 // where it has one (5 invalid argument, 9 out of range, 35 unknown procedure).
@@ -159,7 +164,44 @@ class IWindow {
   virtual void SetFocus() = 0;
 };
 
-class IWindows : public ICollection<IWindow> {};
+// The object a tool window hosts (a user document or control), as
+// CreateToolWindow hands it back. Each add-in knows its own documents'
+// interfaces and casts to them.
+class IUserDocument {
+ public:
+  virtual ~IUserDocument() = default;
+};
+
+class IWindows : public ICollection<IWindow> {
+ public:
+  // Creates a dockable tool window hosting a new object of the registered
+  // class `prog_id`, and hands that object back in `doc_object`. The IDE
+  // remembers the window's place by `guid_position`. An unknown class raises
+  // ide::Error.
+  virtual std::shared_ptr<IWindow> CreateToolWindow(
+      std::shared_ptr<IAddIn> add_in, std::string_view prog_id, std::string_view caption,
+      std::string_view guid_position, std::shared_ptr<IUserDocument>& doc_object) = 0;
+};
+
+// An add-in registered with the IDE (VBE.Addins, and the AddInInst argument
+// of a connection).
+class IAddIn {
+ public:
+  virtual ~IAddIn() = default;
+  virtual std::string ProgId() = 0;  // "Tavrin.Connect"
+  virtual std::string Description() = 0;
+  virtual std::string Guid() = 0;
+  // True while the add-in is connected.
+  virtual bool Connect() = 0;
+  virtual void SetConnect(bool connect) = 0;
+};
+
+// VBE.Addins: the registered add-ins, by position or by ProgID.
+class IAddins : public ICollection<IAddIn> {
+ public:
+  // Reads the list of registered add-ins again.
+  virtual void Update() = 0;
+};
 
 class IProperty {
  public:
@@ -216,11 +258,19 @@ class IVbe {
   virtual std::shared_ptr<ICodePane> ActiveCodePane() = 0;  // may be nullptr
   virtual std::shared_ptr<IWindow> ActiveWindow() = 0;      // may be nullptr
   virtual std::shared_ptr<IWindows> Windows() = 0;
+  virtual std::shared_ptr<ICommandBars> CommandBars() = 0;
+  virtual std::shared_ptr<IEvents> Events() = 0;
+  virtual std::shared_ptr<IAddins> Addins() = 0;
   // Types keystrokes into the window that has the focus, as the language's
   // SendKeys does: plain characters, and {BACKSPACE} (also {BS}, {BKSP}),
   // {DELETE} ({DEL}), {ENTER} (also ~), {LEFT}, {RIGHT}, {UP}, {DOWN},
   // {HOME}, {END}, {TAB}, and {{} {}} {~} {+} {^} {%} for those characters.
   virtual void SendKeys(std::string_view keys) = 0;
+  // The language's DoEvents: lets the IDE process pending messages.
+  virtual void DoEvents() = 0;
+  // The language's Clipboard.SetData: puts a picture on the clipboard, where
+  // a command-bar control's PasteFace takes it from.
+  virtual void ClipboardSetData(const Picture& picture) = 0;
 };
 
 }  // namespace tavrin::ide

@@ -16,10 +16,10 @@ for arg in "$@"; do
 done
 
 packages=(
-  cmake ninja-build g++ clang
+  cmake ninja-build g++ clang libclang-rt-dev
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   libcli11-dev nlohmann-json3-dev
-  chromium
+  chromium highlight time
 )
 if [[ $linux_only == 0 ]]; then
   packages+=(

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Builds every target and runs every test: the Linux development build, the
-# sanitizer build, the 64-bit Windows build with its tests under Wine, and
-# the 32-bit Windows build (built, not run: Wine here is 64-bit only).
+# sanitizer build, the fuzz targets (each for a short, fixed time), the
+# 64-bit Windows build with its tests under Wine, and the 32-bit Windows
+# build (built, not run: Wine here is 64-bit only).
 # Each preset keeps its own build folder under build/, so a second run only
 # rebuilds what changed.
 set -euo pipefail
@@ -21,7 +22,7 @@ step bash scripts/install-deps.sh
 step cmake --preset win32
 step cmake --build --preset win32
 
-for preset in dev asan win64; do
+for preset in dev asan fuzz win64; do
   step cmake --preset "$preset"
   step cmake --build --preset "$preset"
   step ctest --preset "$preset"

@@ -36,6 +36,15 @@ const std::vector<std::string_view>& NonNumberedStatements() {
 }
 
 bool IsNonNumberedStatement(std::string_view trimmed) {
+  // Most lines start with a letter no statement of the list starts with.
+  static const std::array<bool, 256> first_letters = [] {
+    std::array<bool, 256> letters{};
+    for (std::string_view statement : NonNumberedStatements())
+      letters[static_cast<unsigned char>(ToUpperAscii(statement.front()))] = true;
+    return letters;
+  }();
+  if (trimmed.empty() || !first_letters[static_cast<unsigned char>(ToUpperAscii(trimmed[0]))])
+    return false;
   for (std::string_view statement : NonNumberedStatements())
     if (StartsWithIgnoreCase(trimmed, statement)) return true;
   return false;
@@ -57,10 +66,17 @@ bool IsLabelLine(std::string_view line) {
   return !line.empty() && line.back() == ':' && line.find(' ') == std::string_view::npos;
 }
 
+// The same answer as asking Findifisfunctionorvariable for every scope, with
+// prefix tests only: every line of a numbered block is asked twice.
 bool IsProcedureDeclaration(std::string_view line) {
-  const std::string upper = ToUpperAscii(line);
-  for (int scope_kind : kScopesTried)
-    if (Findifisfunctionorvariable(upper, scope_kind) == 0) return true;
+  const std::string_view trimmed = TrimBlanks(line);
+  for (int scope_kind : kScopesTried) {
+    const std::string_view scope = kScopeWords[static_cast<std::size_t>(scope_kind)];
+    if (!StartsWithIgnoreCase(trimmed, scope)) continue;
+    const std::string_view rest = trimmed.substr(scope.size());
+    for (int kind : kKindsTried)
+      if (StartsWithIgnoreCase(rest, ProcedureKindWord(kind))) return true;
+  }
   return false;
 }
 
@@ -68,15 +84,14 @@ int Findifisfunctionorvariable(std::string_view line, int scope_kind) {
   if (scope_kind < 0 || scope_kind >= static_cast<int>(kScopeWords.size()))
     throw std::invalid_argument("Findifisfunctionorvariable: NEVER HERE !!");
   const std::string_view scope = kScopeWords[static_cast<std::size_t>(scope_kind)];
-  const std::string upper = ToUpperAscii(TrimBlanks(line));
-  int result = 2;
-  if (upper.find(scope) == std::string::npos) return result;
-  if (!scope.empty()) result = 1;
-  for (int kind : kKindsTried) {
-    const std::string prefix = std::string(scope) + ToUpperAscii(ProcedureKindWord(kind));
-    if (upper.starts_with(prefix)) return 0;
+  const std::string_view trimmed = TrimBlanks(line);
+  if (FindIgnoreCase(trimmed, scope) == std::string_view::npos) return 2;
+  if (StartsWithIgnoreCase(trimmed, scope)) {
+    const std::string_view rest = trimmed.substr(scope.size());
+    for (int kind : kKindsTried)
+      if (StartsWithIgnoreCase(rest, ProcedureKindWord(kind))) return 0;
   }
-  return result;
+  return scope.empty() ? 2 : 1;
 }
 
 std::string_view ProcedureKindWord(int kind) {

@@ -14,7 +14,14 @@ void MemoryCodePane::SetSelection(const TextRange& selection) {
       selection.end_column < 1) {
     throw Error(5, "Invalid procedure call or argument");
   }
-  selection_ = selection;
+  // The selection is a range of text: GetSelection reports its start first,
+  // whichever end the caller named first.
+  const bool reversed = selection.end_line < selection.start_line ||
+                        (selection.end_line == selection.start_line &&
+                         selection.end_column < selection.start_column);
+  selection_ = reversed ? TextRange{selection.end_line, selection.end_column,
+                                    selection.start_line, selection.start_column}
+                        : selection;
 }
 
 std::shared_ptr<ICodeModule> MemoryCodePane::CodeModule() { return Component()->CodeModule(); }

@@ -14,6 +14,24 @@
 
 namespace tavrin::ide::memory {
 
+// Item(index) and Item(name) over a vector, raising error 9 as the IDE's
+// collections do.
+template <class T>
+std::shared_ptr<T> ItemAt(const std::vector<std::shared_ptr<T>>& items, int index) {
+  if (index < 1 || index > static_cast<int>(items.size())) throw Error(9, "Subscript out of range");
+  return items[static_cast<std::size_t>(index - 1)];
+}
+
+template <class T, class NameOf>
+std::shared_ptr<T> ItemNamed(const std::vector<std::shared_ptr<T>>& items, std::string_view name,
+                             NameOf name_of, int error_number = 9) {
+  for (const auto& item : items) {
+    if (EqualsIgnoreCase(name_of(*item), name)) return item;
+  }
+  throw Error(error_number, error_number == 9 ? "Subscript out of range"
+                                              : "Invalid procedure call or argument");
+}
+
 template <class T, class Base = ICollection<T>>
 class ListCollection : public Base {
  public:
@@ -24,16 +42,9 @@ class ListCollection : public Base {
 
   int Count() override { return static_cast<int>(items_.size()); }
 
-  std::shared_ptr<T> Item(int index) override {
-    if (index < 1 || index > Count()) throw Error(9, "Subscript out of range");
-    return items_[static_cast<std::size_t>(index - 1)];
-  }
-
+  std::shared_ptr<T> Item(int index) override { return ItemAt(items_, index); }
   std::shared_ptr<T> Item(std::string_view name) override {
-    for (const auto& item : items_) {
-      if (EqualsIgnoreCase(name_of_(*item), name)) return item;
-    }
-    throw Error(9, "Subscript out of range");
+    return ItemNamed(items_, name, name_of_);
   }
 
  private:

@@ -150,6 +150,14 @@ void MemoryDesigner::WriteProperty(std::size_t control, std::string_view name,
     return;
   }
   std::string& text = header[*line].text;
+  const std::string& original = original_lines_.try_emplace({control, key}, text).first->second;
+  const PropertyLine original_parsed = *ParsePropertyLine(original);
+  if (PropertyValueText(std::string_view(original).substr(
+          original_parsed.value_begin, original_parsed.value_end - original_parsed.value_begin)) ==
+      value) {
+    text = original;
+    return;
+  }
   const PropertyLine parsed = *ParsePropertyLine(text);
   const std::string_view old_raw =
       std::string_view(text).substr(parsed.value_begin, parsed.value_end - parsed.value_begin);

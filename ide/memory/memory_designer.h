@@ -3,6 +3,7 @@
 // property lines.
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -42,6 +43,10 @@ class MemoryDesigner : public IDesigner, public std::enable_shared_from_this<Mem
   std::optional<std::vector<ControlLayout>> layout_;
   // Controls whose Tab line was added by WriteProperty.
   std::set<std::size_t> added_tab_lines_;
+  // The text of each property line before its first change, by control and
+  // key: writing the original value back restores the line byte for byte,
+  // even where the file spelled it in a way no write would.
+  std::map<std::pair<std::size_t, std::string>, std::string> original_lines_;
 };
 
 class MemoryControl : public IControl {

@@ -3,6 +3,8 @@
 #include "ide/memory/component_kind.h"
 #include "ide/memory/memory_collection.h"
 #include "ide/memory/memory_component.h"
+#include "ide/memory/memory_events.h"
+#include "ide/memory/memory_vbe.h"
 #include "ide/memory/source_file.h"
 
 namespace tavrin::ide::memory {
@@ -27,6 +29,7 @@ std::shared_ptr<MemoryComponent> MemoryProject::AddComponent(ComponentType type,
   auto component = MemoryComponent::Create(weak_from_this(), vbe_, type, std::string(name), "",
                                            std::move(source));
   components_.push_back(component);
+  if (auto vbe = vbe_.lock()) vbe->MemoryEventHub()->RaiseComponentAdded(component);
   return component;
 }
 

@@ -1,6 +1,10 @@
 #include "ide/memory/memory_vbe.h"
 
 #include "base/encoding.h"
+#include "base/text.h"
+#include "ide/memory/memory_addins.h"
+#include "ide/memory/memory_command_bars.h"
+#include "ide/memory/memory_events.h"
 #include "ide/memory/memory_code_pane.h"
 #include "ide/memory/memory_collection.h"
 #include "ide/memory/memory_component.h"
@@ -15,6 +19,24 @@ namespace {
 std::function<std::string()> FixedCaption(std::string caption) {
   return [caption = std::move(caption)] { return caption; };
 }
+
+class MemoryWindows : public ListCollection<IWindow, IWindows> {
+ public:
+  MemoryWindows(std::shared_ptr<MemoryVbe> vbe, std::vector<std::shared_ptr<IWindow>> items)
+      : ListCollection(std::move(items), [](IWindow& window) { return window.Caption(); }),
+        vbe_(std::move(vbe)) {}
+
+  std::shared_ptr<IWindow> CreateToolWindow(std::shared_ptr<IAddIn> add_in,
+                                            std::string_view prog_id, std::string_view caption,
+                                            std::string_view guid_position,
+                                            std::shared_ptr<IUserDocument>& doc_object) override {
+    if (!add_in) throw Error(5, "Invalid procedure call or argument");
+    return vbe_->CreateToolWindow(prog_id, caption, guid_position, doc_object);
+  }
+
+ private:
+  std::shared_ptr<MemoryVbe> vbe_;
+};
 
 }  // namespace
 
@@ -36,6 +58,15 @@ void MemoryVbe::Init() {
                                                       FixedCaption("Properties"));
   immediate_window_ = std::make_shared<MemoryWindow>(self, WindowType::kImmediate,
                                                      FixedCaption("Immediate"));
+  events_ = std::make_shared<MemoryEvents>();
+  command_bar_host_ = std::make_shared<CommandBarHost>();
+  command_bar_host_->click = [weak_events = std::weak_ptr<MemoryEvents>(events_)](
+                                 const std::shared_ptr<ICommandBarControl>& control) {
+    if (auto events = weak_events.lock()) events->RaiseClick(control);
+  };
+  command_bars_ = std::make_shared<MemoryCommandBars>(command_bar_host_);
+  command_bars_->AddBuiltInBars();
+  add_ins_ = std::make_shared<MemoryAddins>();
 }
 
 std::shared_ptr<ICollection<IProject>> MemoryVbe::VBProjects() {
@@ -60,8 +91,52 @@ std::shared_ptr<IWindows> MemoryVbe::Windows() {
       if (auto designer = component->DesignerWindow()) items.push_back(designer);
     }
   }
-  return std::make_shared<ListCollection<IWindow, IWindows>>(
-      std::move(items), [](IWindow& window) { return window.Caption(); });
+  for (const auto& [guid, window] : ToolWindows()) items.push_back(window);
+  return std::make_shared<MemoryWindows>(shared_from_this(), std::move(items));
+}
+
+std::shared_ptr<ICommandBars> MemoryVbe::CommandBars() { return command_bars_; }
+std::shared_ptr<IEvents> MemoryVbe::Events() { return events_; }
+std::shared_ptr<IAddins> MemoryVbe::Addins() { return add_ins_; }
+
+void MemoryVbe::ClipboardSetData(const Picture& picture) {
+  command_bar_host_->clipboard = picture;
+}
+
+std::shared_ptr<MemoryAddIn> MemoryVbe::RegisterAddIn(std::string prog_id,
+                                                      std::string description, bool connected) {
+  return add_ins_->Register(std::move(prog_id), std::move(description), connected);
+}
+
+void MemoryVbe::SetCommandBarsHavePicture(bool has_picture) {
+  command_bar_host_->has_picture_property = has_picture;
+}
+
+void MemoryVbe::RegisterDocumentClass(std::string prog_id, DocumentFactory factory) {
+  document_classes_[std::move(prog_id)] = std::move(factory);
+}
+
+std::shared_ptr<IWindow> MemoryVbe::CreateToolWindow(std::string_view prog_id,
+                                                     std::string_view caption,
+                                                     std::string_view guid_position,
+                                                     std::shared_ptr<IUserDocument>& doc_object) {
+  const auto found = document_classes_.find(prog_id);
+  if (found == document_classes_.end())
+    throw Error(429, "ActiveX component can't create object: " + std::string(prog_id));
+  doc_object = found->second();
+  auto window = std::make_shared<MemoryWindow>(weak_from_this(), WindowType::kToolWindow,
+                                               FixedCaption(std::string(caption)));
+  window->SetVisible(false);
+  std::erase_if(tool_windows_, [](const auto& each) { return each.second.expired(); });
+  tool_windows_.emplace_back(std::string(guid_position), window);
+  return window;
+}
+
+std::vector<std::pair<std::string, std::shared_ptr<IWindow>>> MemoryVbe::ToolWindows() const {
+  std::vector<std::pair<std::string, std::shared_ptr<IWindow>>> live;
+  for (const auto& [guid, weak_window] : tool_windows_)
+    if (auto window = weak_window.lock()) live.emplace_back(guid, window);
+  return live;
 }
 
 void MemoryVbe::SendKeys(std::string_view keys) {
@@ -72,10 +147,28 @@ void MemoryVbe::SendKeys(std::string_view keys) {
   if (pane) TypeKeys(*pane, strokes, tab_width_);
 }
 
-std::shared_ptr<MemoryProject> MemoryVbe::AddProject(std::string_view name) {
-  auto project = std::make_shared<MemoryProject>(weak_from_this(), std::string(name), "", "");
+std::shared_ptr<MemoryProject> MemoryVbe::AddProject(std::string_view name,
+                                                     std::string_view file_name) {
+  auto project = std::make_shared<MemoryProject>(weak_from_this(), std::string(name),
+                                                 std::string(file_name), "");
   projects_.push_back(project);
+  events_->RaiseProjectAdded(project);
   return project;
+}
+
+void MemoryVbe::RemoveProject(const std::shared_ptr<IProject>& project) {
+  const auto before = projects_.size();
+  std::erase_if(projects_, [&](const auto& each) { return each.get() == project.get(); });
+  if (projects_.size() == before) return;
+  if (active_project_.get() == project.get()) active_project_ = nullptr;
+  if (active_code_pane_) {
+    auto component = active_code_pane_->CodeModule()->Parent();
+    if (component && component->Project().get() == project.get()) {
+      active_code_pane_ = nullptr;
+      active_window_ = nullptr;
+    }
+  }
+  events_->RaiseProjectRemoved(project);
 }
 
 Result<std::shared_ptr<MemoryProject>> MemoryVbe::OpenProject(platform::FileSystem& file_system,
@@ -98,6 +191,7 @@ Result<std::shared_ptr<MemoryProject>> MemoryVbe::OpenProject(platform::FileSyst
     if (!component) return tavrin::Error{component.error()};
   }
   projects_.push_back(project);
+  events_->RaiseProjectAdded(project);
   return project;
 }
 
@@ -109,6 +203,7 @@ Result<std::shared_ptr<MemoryComponent>> MemoryVbe::OpenFile(platform::FileSyste
   auto component = project->AddSourceFile(path, *bytes);
   if (!component) return tavrin::Error{component.error()};
   projects_.push_back(project);
+  events_->RaiseProjectAdded(project);
   return component;
 }
 

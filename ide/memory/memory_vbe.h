@@ -8,6 +8,8 @@
 // the VBE alive while its objects are used.
 #pragma once
 
+#include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -19,8 +21,13 @@
 
 namespace tavrin::ide::memory {
 
+class CommandBarHost;
+class MemoryAddIn;
+class MemoryAddins;
 class MemoryCodePane;
+class MemoryCommandBars;
 class MemoryComponent;
+class MemoryEvents;
 class MemoryProject;
 class MemoryWindow;
 
@@ -40,8 +47,34 @@ class MemoryVbe : public IVbe, public std::enable_shared_from_this<MemoryVbe> {
   // Typed into the active code pane; nothing happens when the active window
   // is not a code window.
   void SendKeys(std::string_view keys) override;
+  std::shared_ptr<ICommandBars> CommandBars() override;
+  std::shared_ptr<IEvents> Events() override;
+  std::shared_ptr<IAddins> Addins() override;
+  void DoEvents() override {}
+  void ClipboardSetData(const Picture& picture) override;
 
-  std::shared_ptr<MemoryProject> AddProject(std::string_view name);
+  // The typed views of the same objects, for tests and the tool.
+  std::shared_ptr<MemoryCommandBars> MemoryBars() const { return command_bars_; }
+  std::shared_ptr<MemoryEvents> MemoryEventHub() const { return events_; }
+  std::shared_ptr<MemoryAddIn> RegisterAddIn(std::string prog_id, std::string description,
+                                             bool connected);
+  // The command bars of the VB6 IDE have no Picture property: faces go
+  // through the clipboard there.
+  void SetCommandBarsHavePicture(bool has_picture);
+
+  // The classes CreateToolWindow can host: a factory per ProgID.
+  using DocumentFactory = std::function<std::shared_ptr<IUserDocument>()>;
+  void RegisterDocumentClass(std::string prog_id, DocumentFactory factory);
+  std::shared_ptr<IWindow> CreateToolWindow(std::string_view prog_id, std::string_view caption,
+                                            std::string_view guid_position,
+                                            std::shared_ptr<IUserDocument>& doc_object);
+  // The tool windows somebody still holds, by position identifier.
+  std::vector<std::pair<std::string, std::shared_ptr<IWindow>>> ToolWindows() const;
+
+  // Adding and removing projects raise the VBProjectsEvents.
+  std::shared_ptr<MemoryProject> AddProject(std::string_view name,
+                                            std::string_view file_name = {});
+  void RemoveProject(const std::shared_ptr<IProject>& project);
   Result<std::shared_ptr<MemoryProject>> OpenProject(platform::FileSystem& file_system,
                                                      std::string_view vbp_path);
   // A new project "Project1" (no project file) holding that one file.
@@ -71,6 +104,13 @@ class MemoryVbe : public IVbe, public std::enable_shared_from_this<MemoryVbe> {
   std::shared_ptr<MemoryCodePane> active_code_pane_;
   std::shared_ptr<MemoryProject> active_project_;
   int tab_width_ = 4;
+  std::shared_ptr<CommandBarHost> command_bar_host_;
+  std::shared_ptr<MemoryCommandBars> command_bars_;
+  std::shared_ptr<MemoryEvents> events_;
+  std::shared_ptr<MemoryAddins> add_ins_;
+  std::map<std::string, DocumentFactory, std::less<>> document_classes_;
+  // Tool windows live while the add-in that created them holds them.
+  std::vector<std::pair<std::string, std::weak_ptr<MemoryWindow>>> tool_windows_;
 };
 
 }  // namespace tavrin::ide::memory

@@ -122,6 +122,26 @@ TEST_F(FormDesignerTest, VisitingEveryTabAndComingBackLeavesTheFileUnchanged) {
   EXPECT_EQ(form_->SourceBytes(), original_);
 }
 
+// A value the file spells in a way no write would (a comment after it, an
+// unclosed quote) comes back byte for byte when it is written back.
+TEST_F(FormDesignerTest, WritingTheOriginalValueBackRestoresTheLine) {
+  struct Case {
+    const char* property;
+    const char* line;
+  };
+  for (const Case& c : {Case{"Default", "Default =   -1  'True"}, Case{"Tab", "Tab = \" 1"},
+                        Case{"Caption", "Caption = \"&Open"}}) {
+    const std::string form = std::string("VERSION 5.00\r\nBegin VB.Form F\r\n   Begin X.Y C\r\n      ") +
+                             c.line + "\r\n   End\r\nEnd\r\nAttribute VB_Name = \"F\"\r\n";
+    auto component = vbe_->AddProject("P")->AddSourceFile("F.frm", form).value();
+    auto property = component->Designer()->VBControls()->Item("C")->Properties()->Item(c.property);
+    const std::string value = property->Value();
+    property->SetValue("2");
+    property->SetValue(value);
+    EXPECT_EQ(component->SourceBytes(), form) << c.line;
+  }
+}
+
 TEST_F(FormDesignerTest, WritingACaptionChangesOnlyThatLine) {
   Set("cmdAction", "Caption", "O&pen \"all\"");
   const auto changed = ChangedLines();

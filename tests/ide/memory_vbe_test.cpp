@@ -190,13 +190,15 @@ TEST_F(MemoryVbeTest, OtherActiveWindowsKeepTheLastCodePane) {
   EXPECT_EQ(vbe_->ActiveCodePane(), form_->CodePane());
 }
 
-TEST_F(MemoryVbeTest, SetSelectionStoresWhatItIsGivenButRejectsZero) {
+TEST_F(MemoryVbeTest, SetSelectionOrdersTheEndsButRejectsZero) {
   auto pane = module_->CodePane();
   pane->SetSelection({7, 40, 3, 2});
-  EXPECT_EQ(pane->GetSelection(), (TextRange{7, 40, 3, 2}));
+  EXPECT_EQ(pane->GetSelection(), (TextRange{3, 2, 7, 40}));
+  pane->SetSelection({3, 9, 3, 2});
+  EXPECT_EQ(pane->GetSelection(), (TextRange{3, 2, 3, 9}));
   EXPECT_THROW(pane->SetSelection({0, 1, 1, 1}), Error);
   EXPECT_THROW(pane->SetSelection({1, 1, 1, 0}), Error);
-  EXPECT_EQ(pane->GetSelection(), (TextRange{7, 40, 3, 2}));
+  EXPECT_EQ(pane->GetSelection(), (TextRange{3, 2, 3, 9}));
 }
 
 // SendKeys -----------------------------------------------------------------

@@ -36,6 +36,8 @@ Status MemoryFileSystem::WriteFile(std::string_view path, std::string_view bytes
 bool MemoryFileSystem::FileExists(std::string_view path) { return files_.contains(path); }
 
 bool MemoryFileSystem::FolderExists(std::string_view path) {
+  // "/a/" names the same folder as "/a".
+  while (path.size() > 1 && (path.back() == '/' || path.back() == '\\')) path.remove_suffix(1);
   const std::string prefix = std::string(path) + "/";
   for (const auto& [name, bytes] : files_) {
     if (name.starts_with(prefix)) return true;

@@ -1,0 +1,37 @@
+// What the handlers of the command table act on, and the operations they
+// run. Connect is the host in the add-in; tests may stand in for it.
+#pragma once
+
+#include <string_view>
+
+#include "addin/context.h"
+#include "platform/file_system.h"
+
+namespace tavrin::addin {
+
+class CommandHost {
+ public:
+  virtual ~CommandHost() = default;
+  virtual Context& CommandContext() = 0;
+  virtual platform::Shell& Shell() = 0;
+  // Shows (creating it when needed) the tool window of that class word:
+  // "TabOrder", "DirectAccess", "CodeExplorer".
+  virtual void ShowToolWindow(std::string_view class_word) = 0;
+  // The settings dialog; the settings are loaded again afterwards.
+  virtual void ShowSettingsDialog() = 0;
+};
+
+// A code-line snippet ("If Then", "ForNext", "With", ...) at the caret.
+void RunCodeLines(CommandHost& host, std::string_view command_name);
+// A page of the product's web site in the user's browser.
+void OpenWebPage(CommandHost& host, std::string_view address);
+void RunShowToolWindow(CommandHost& host, std::string_view class_word);
+// Line numbers over the selection: "Add" or "Remove".
+void RunLineNumbers(CommandHost& host, std::string_view add_or_remove);
+// Comment marks over the selection: "Comment Lines Add" or "... Remove".
+void RunCommentLines(CommandHost& host, std::string_view command_name);
+void RunSettingsDialog(CommandHost& host, std::string_view);
+// The access-key check of the active form.
+void RunVerifyShortcuts(CommandHost& host, std::string_view);
+
+}  // namespace tavrin::addin

@@ -1,0 +1,37 @@
+#include "addin/connection_state.h"
+
+namespace tavrin::addin {
+ConnectionState::ConnectionState(const HostServices& services, std::shared_ptr<ide::IVbe> vbe,
+                                 std::shared_ptr<ide::IAddIn> add_in)
+    : services_(services),
+      vbe_(std::move(vbe)),
+      add_in_(std::move(add_in)),
+      context_{*vbe_, services_.ui, services_.ide_options} {}
+
+settings::SettingsServices ConnectionState::SettingsServices() const {
+  return {services_.profiles, services_.files, services_.ui, services_.settings_dialog,
+          services_.addin_folder};
+}
+
+void ConnectionState::LoadSettings() {
+  settings_ = fragments::LoadSettings(SettingsServices(), /*interactive=*/true);
+}
+
+void ConnectionState::ShowSettingsDialog() {
+  services_.settings_dialog.ShowModal();
+  fragments::ReloadSettings(settings_, SettingsServices());
+}
+
+std::string ConnectionState::CodeRoot() const { return settings_.folders.CodeFolder(1); }
+
+bool ConnectionState::CodeExplorerVisible() const {
+  return settings_.YesNo(settings::Item::kViewCodeExplorerWindow);
+}
+
+bool ConnectionState::ReadTestingFlag() {
+  testing = services_.files.FileExists(
+      fragments::JoinPath({CodeRoot(), std::string(kTestingFile)}, settings_.folders.Style()));
+  return testing;
+}
+
+}  // namespace tavrin::addin

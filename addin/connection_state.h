@@ -1,0 +1,79 @@
+// The state of one connection of the add-in to the IDE: the IDE's root
+// object (VBInst), the add-in instance, the services of the host, the
+// settings with the code folders, and what the start-up steps find (the
+// testing flag, the Immediate window, the active project as last seen).
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "addin/context.h"
+#include "fragments/settings.h"
+#include "ide/object_model.h"
+#include "platform/file_system.h"
+#include "platform/ide_options.h"
+#include "platform/profile_file.h"
+#include "platform/settings_store.h"
+#include "platform/ui.h"
+#include "settings/settings_load.h"
+
+namespace tavrin::addin {
+
+// What the host gives the add-in: the user, the operating system, the
+// settings dialog and the folder the add-in was loaded from.
+struct HostServices {
+  platform::Ui& ui;
+  platform::IdeOptions& ide_options;
+  platform::SettingsStore& settings_store;
+  platform::FileSystem& files;
+  platform::Shell& shell;
+  platform::ProfileFile& profiles;  // the INI files
+  settings::SettingsDialog& settings_dialog;
+  std::string addin_folder;
+};
+
+// The marker file in the code root that adds the control builder to the
+// "&Tavrin" menu.
+inline constexpr std::string_view kTestingFile = "testing.txt";
+
+class ConnectionState {
+ public:
+  ConnectionState(const HostServices& services, std::shared_ptr<ide::IVbe> vbe,
+                  std::shared_ptr<ide::IAddIn> add_in);
+
+  ide::IVbe& VBInst() { return *vbe_; }
+  const std::shared_ptr<ide::IAddIn>& AddInInst() const { return add_in_; }
+  Context& CommandContext() { return context_; }
+  const HostServices& Services() const { return services_; }
+
+  // Loads the settings, the naming prefixes and the code folders (whose
+  // paths are settings), asking what a first run asks.
+  void LoadSettings();
+  // Opens the settings dialog and loads what it applied.
+  void ShowSettingsDialog();
+  const fragments::Settings& Settings() const { return settings_; }
+  // The code root ("<code>").
+  std::string CodeRoot() const;
+  // The persisted visibility of the Code Explorer window.
+  bool CodeExplorerVisible() const;
+
+  // True when "testing.txt" is in the code root.
+  bool ReadTestingFlag();
+
+  bool testing = false;
+  std::shared_ptr<ide::IWindow> immediate_window;
+  // The active project's file as the project watcher last saw it; empty
+  // with no project, "NewProject" for one never saved.
+  std::string current_project_file;
+
+ private:
+  settings::SettingsServices SettingsServices() const;
+
+  HostServices services_;
+  fragments::Settings settings_;
+  std::shared_ptr<ide::IVbe> vbe_;
+  std::shared_ptr<ide::IAddIn> add_in_;
+  Context context_;
+};
+
+}  // namespace tavrin::addin

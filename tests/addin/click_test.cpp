@@ -1,0 +1,124 @@
+// Every control of the table clicked once: the right operation runs, a
+// handler whose builder is not built yet does nothing, and no click lets an
+// error escape.
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "tests/addin/connect_fixture.h"
+#include "tests/support/code_lines.h"
+
+namespace tavrin::addin {
+namespace {
+
+class ClickTest : public ConnectTest {
+ protected:
+  void SetUp() override {
+    files_.AddFile("/addin/vbcode/testing.txt", "");
+    project_ = OpenProject();
+    ConnectAddin();
+    connect_.TimerTick();
+    ASSERT_TRUE(ErrorsShown().empty());
+  }
+
+  std::vector<std::string> Code() {
+    return testing::CodeLines(*project_->Components().front()->CodeModule());
+  }
+  bool ToolWindowVisible(std::string_view class_word) {
+    for (const ToolWindowClass& window_class : kToolWindowClasses)
+      if (window_class.class_word == class_word)
+        return connect_.Window(window_class).window->Visible();
+    return false;
+  }
+
+  std::shared_ptr<ide::memory::MemoryProject> project_;
+};
+
+TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
+  std::set<Operation> seen;
+  for (const auto& bound : connect_.Controls()) {
+    const CommandRow& row = *bound.row;
+    if (row.IsPopup()) continue;
+    SCOPED_TRACE(std::string(row.handler));
+    // The questions the code-line commands ask: ElseIf parts, a With object.
+    ui_.input_answers = {std::string("1")};
+    const auto code_before = Code();
+    const auto pages_before = shell_.opened.size();
+    const auto boxes_before = ui_.boxes_shown.size();
+    const int dialogs_before = settings_dialog_.shown;
+    for (const ToolWindowClass& window_class : kToolWindowClasses)
+      connect_.Window(window_class).window->SetVisible(false);
+    project_->Components().front()->CodePane()->Show();  // a tool window took the focus
+
+    ASSERT_NO_THROW(bound.control->Execute());
+
+    // The access-key check wants a form; the code window is active here.
+    const bool asks_for_form = row.run == RunVerifyShortcuts;
+    ASSERT_EQ(ui_.boxes_shown.size(), boxes_before + (asks_for_form ? 1 : 0));
+    if (asks_for_form) {
+      EXPECT_EQ(ui_.boxes_shown.back().text, "You must select a form!");
+    }
+    EXPECT_EQ(settings_dialog_.shown, dialogs_before + (row.run == RunSettingsDialog ? 1 : 0));
+    seen.insert(row.run);
+    const bool edits_code =
+        row.run == RunCodeLines || row.run == RunLineNumbers || row.run == RunCommentLines;
+    EXPECT_EQ(Code() != code_before, edits_code);
+    if (row.run == OpenWebPage) {
+      ASSERT_EQ(shell_.opened.size(), pages_before + 1);
+      EXPECT_EQ(shell_.opened.back(), row.argument);
+    } else {
+      EXPECT_EQ(shell_.opened.size(), pages_before);
+    }
+    if (row.run == RunShowToolWindow) {
+      EXPECT_TRUE(ToolWindowVisible(row.argument));
+    }
+  }
+  EXPECT_EQ(seen, (std::set<Operation>{nullptr, RunCodeLines, OpenWebPage, RunShowToolWindow,
+                                       RunLineNumbers, RunCommentLines, RunVerifyShortcuts,
+                                       RunSettingsDialog}));
+}
+
+TEST_F(ClickTest, CodeCommandsDoNothingWithoutACodeWindow) {
+  vbe_->ActivateWindow(vbe_->ImmediateWindow());
+  const auto before = Code();
+  for (const auto& bound : connect_.Controls()) {
+    const Operation run = bound.row->run;
+    if (run == RunCodeLines || run == RunLineNumbers || run == RunCommentLines)
+      bound.control->Execute();
+  }
+  EXPECT_EQ(Code(), before);
+  EXPECT_TRUE(ui_.inputs_asked.empty());
+  EXPECT_TRUE(ErrorsShown().empty());
+}
+
+TEST_F(ClickTest, VerifyShortcutsChecksTheActiveForm) {
+  const auto form = project_->AddComponent(ide::ComponentType::kVBForm, "frmMain", "");
+  vbe_->ActivateWindow(form->DesignerWindow());
+  for (const auto& bound : connect_.Controls())
+    if (bound.row->run == RunVerifyShortcuts) bound.control->Execute();
+  ASSERT_FALSE(ui_.boxes_shown.empty());
+  EXPECT_EQ(ui_.boxes_shown.back().text, "All shortcuts are ok!");
+  EXPECT_TRUE(ErrorsShown().empty());
+}
+
+TEST_F(ClickTest, AFailingHandlerIsReportedAndDoesNotEscape) {
+  const CommandRow* row = FindCommand("mnuhIfThenElseIf_Click");
+  ASSERT_NE(row, nullptr);
+  std::shared_ptr<ide::ICommandBarControl> control;
+  for (const auto& bound : connect_.Controls())
+    if (bound.row == row) control = bound.control;
+  ui_.input_answers.clear();  // the question finds nobody to answer it
+  ASSERT_NO_THROW(control->Execute());
+  ASSERT_EQ(ErrorsShown().size(), 1u);
+  EXPECT_TRUE(ErrorsShown()[0].starts_with("Error in mnuhIfThenElseIf_Click: ")) << ErrorsShown()[0];
+}
+
+TEST_F(ClickTest, ClicksAfterDisconnectionReachNothing) {
+  const auto control = connect_.Controls().front().control;
+  Disconnect();
+  ASSERT_NO_THROW(control->Execute());
+  EXPECT_TRUE(ErrorsShown().empty());
+}
+
+}  // namespace
+}  // namespace tavrin::addin
