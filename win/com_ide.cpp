@@ -4,7 +4,10 @@
 #include <utility>
 #include <vector>
 
-#include "win/dispatch.h"
+#include "addin/tool_windows.h"
+#include "ide/events.h"
+#include "win/bitmap_picture.h"
+#include "win/com_ide_objects.h"
 
 namespace tavrin::win {
 namespace {
@@ -55,11 +58,6 @@ long GetLong(const Dispatch& object, std::string_view name) {
   return VariantToLong(*object.Get(name).get());
 }
 
-std::shared_ptr<ide::IWindow> MakeWindow(Dispatch window);
-std::shared_ptr<ide::ICodePane> MakeCodePane(Dispatch pane);
-std::shared_ptr<ide::ICodeModule> MakeCodeModule(Dispatch module);
-std::shared_ptr<ide::IComponent> MakeComponent(Dispatch component);
-std::shared_ptr<ide::IProject> MakeProject(Dispatch project);
 
 // An object reached through a member, or nothing for Nothing.
 template <class Make>
@@ -70,30 +68,88 @@ auto Child(const Dispatch& parent, std::string_view member, std::string kind, Ma
   return make(parent.Wrap(std::move(object), std::move(kind)));
 }
 
-class ComWindow : public ide::IWindow {
+class ComWindow : public ide::IWindow, public ComWrapper {
  public:
-  explicit ComWindow(Dispatch window) : window_(std::move(window)) {}
+  using ComWrapper::ComWrapper;
   ide::WindowType Type() override {
-    return static_cast<ide::WindowType>(GetLong(window_, "Type"));
+    return static_cast<ide::WindowType>(GetLong(object_, "Type"));
   }
-  std::string Caption() override { return GetString(window_, "Caption"); }
-  bool Visible() override { return VariantToBool(*window_.Get("Visible").get()); }
-  void SetVisible(bool visible) override { window_.Put("Visible", Variant::Bool(visible)); }
-  void SetFocus() override { window_.Call("SetFocus"); }
+  std::string Caption() override { return GetString(object_, "Caption"); }
+  bool Visible() override { return VariantToBool(*object_.Get("Visible").get()); }
+  void SetVisible(bool visible) override { object_.Put("Visible", Variant::Bool(visible)); }
+  void SetFocus() override { object_.Call("SetFocus"); }
+};
+
+// A tool window whose document class is not registered: the add-in keeps
+// running with the placeholder document of that class, in a window that
+// only remembers whether it is to be shown.
+class StandInWindow : public ide::IWindow {
+ public:
+  explicit StandInWindow(std::string caption) : caption_(std::move(caption)) {}
+  ide::WindowType Type() override { return ide::WindowType::kToolWindow; }
+  std::string Caption() override { return caption_; }
+  bool Visible() override { return visible_; }
+  void SetVisible(bool visible) override { visible_ = visible; }
+  void SetFocus() override {}
 
  private:
-  Dispatch window_;
+  std::string caption_;
+  bool visible_ = false;
 };
+
+// The object a real tool window hosts, reached through IDispatch only.
+class ComUserDocument : public ide::IUserDocument, public ComWrapper {
+ public:
+  using ComWrapper::ComWrapper;
+};
+
+bool IsRegisteredClass(std::string_view prog_id) {
+  CLSID clsid{};
+  return SUCCEEDED(::CLSIDFromProgID(Utf8ToWide(prog_id).c_str(), &clsid));
+}
 
 class ComWindows : public ComCollection<ide::IWindow, ide::IWindows> {
  public:
   explicit ComWindows(Dispatch windows)
-      : ComCollection(std::move(windows), "Window", MakeWindow) {}
+      : ComCollection(windows, "Window", MakeWindow), windows_(std::move(windows)) {}
+
+  std::shared_ptr<ide::IWindow> CreateToolWindow(
+      std::shared_ptr<ide::IAddIn> add_in, std::string_view prog_id, std::string_view caption,
+      std::string_view guid_position, std::shared_ptr<ide::IUserDocument>& doc_object) override {
+    if (!IsRegisteredClass(prog_id)) return StandIn(prog_id, caption, doc_object);
+    IDispatch* document = nullptr;
+    std::vector<Variant> args;
+    args.push_back(Variant::Object(DispatchOf(add_in).get()));
+    args.push_back(Variant::String(prog_id));
+    args.push_back(Variant::String(caption));
+    args.push_back(Variant::String(guid_position));
+    args.push_back(Variant::ObjectRef(&document));
+    auto window = windows_.CallObject("CreateToolWindow", std::move(args));
+    // The by-reference argument came back holding a reference of ours.
+    const auto owned = ComPtr<IDispatch>::Attach(document);
+    doc_object = owned ? std::make_shared<ComUserDocument>(windows_.Wrap(owned, "UserDocument"))
+                       : nullptr;
+    if (!window) throw ide::Error(91, "Object variable or With block variable not set");
+    return MakeWindow(windows_.Wrap(std::move(window), "Window"));
+  }
+
+ private:
+  static std::shared_ptr<ide::IWindow> StandIn(std::string_view prog_id, std::string_view caption,
+                                               std::shared_ptr<ide::IUserDocument>& doc_object) {
+    doc_object = nullptr;
+    for (const auto& [name, make] : addin::ToolWindowDocumentClasses()) {
+      if (name == prog_id) doc_object = make();
+    }
+    if (!doc_object) throw ide::Error(429, "ActiveX component can't create object");
+    return std::make_shared<StandInWindow>(std::string(caption));
+  }
+
+  Dispatch windows_;
 };
 
-class ComCodePane : public ide::ICodePane {
+class ComCodePane : public ide::ICodePane, public ComWrapper {
  public:
-  explicit ComCodePane(Dispatch pane) : pane_(std::move(pane)) {}
+  using ComWrapper::ComWrapper;
 
   ide::TextRange GetSelection() override {
     long start_line = 0, start_column = 0, end_line = 0, end_column = 0;
@@ -102,48 +158,45 @@ class ComCodePane : public ide::ICodePane {
     args.push_back(Variant::LongRef(&start_column));
     args.push_back(Variant::LongRef(&end_line));
     args.push_back(Variant::LongRef(&end_column));
-    pane_.Call("GetSelection", std::move(args));
+    object_.Call("GetSelection", std::move(args));
     return {static_cast<int>(start_line), static_cast<int>(start_column),
             static_cast<int>(end_line), static_cast<int>(end_column)};
   }
   void SetSelection(const ide::TextRange& range) override {
-    pane_.Call("SetSelection", Args({range.start_line, range.start_column, range.end_line,
+    object_.Call("SetSelection", Args({range.start_line, range.start_column, range.end_line,
                                      range.end_column}));
   }
   std::shared_ptr<ide::ICodeModule> CodeModule() override {
-    return Child(pane_, "CodeModule", "CodeModule", MakeCodeModule);
+    return Child(object_, "CodeModule", "CodeModule", MakeCodeModule);
   }
   std::shared_ptr<ide::IWindow> Window() override {
-    return Child(pane_, "Window", "Window", MakeWindow);
+    return Child(object_, "Window", "Window", MakeWindow);
   }
-  void Show() override { pane_.Call("Show"); }
-
- private:
-  Dispatch pane_;
+  void Show() override { object_.Call("Show"); }
 };
 
-class ComCodeModule : public ide::ICodeModule {
+class ComCodeModule : public ide::ICodeModule, public ComWrapper {
  public:
-  explicit ComCodeModule(Dispatch module) : module_(std::move(module)) {}
+  using ComWrapper::ComWrapper;
 
   std::shared_ptr<ide::IComponent> Parent() override {
-    return Child(module_, "Parent", "VBComponent", MakeComponent);
+    return Child(object_, "Parent", "VBComponent", MakeComponent);
   }
   std::string Lines(int start_line, int count) override {
-    return VariantToString(*module_.Get("Lines", Args({start_line, count})).get());
+    return VariantToString(*object_.Get("Lines", Args({start_line, count})).get());
   }
-  int CountOfLines() override { return GetLong(module_, "CountOfLines"); }
+  int CountOfLines() override { return GetLong(object_, "CountOfLines"); }
   int CountOfDeclarationLines() override {
-    return GetLong(module_, "CountOfDeclarationLines");
+    return GetLong(object_, "CountOfDeclarationLines");
   }
   void InsertLines(int line, std::string_view text) override {
-    module_.Call("InsertLines", LineAndText(line, text));
+    object_.Call("InsertLines", LineAndText(line, text));
   }
   void ReplaceLine(int line, std::string_view text) override {
-    module_.Call("ReplaceLine", LineAndText(line, text));
+    object_.Call("ReplaceLine", LineAndText(line, text));
   }
   void DeleteLines(int start_line, int count) override {
-    module_.Call("DeleteLines", Args({start_line, count}));
+    object_.Call("DeleteLines", Args({start_line, count}));
   }
   bool Find(std::string_view target, ide::TextRange& range,
             ide::FindOptions options) override {
@@ -158,7 +211,7 @@ class ComCodeModule : public ide::ICodeModule {
     args.push_back(Variant::Bool(options.whole_word));
     args.push_back(Variant::Bool(options.match_case));
     args.push_back(Variant::Bool(options.pattern_search));
-    const bool found = VariantToBool(*module_.Call("Find", std::move(args)).get());
+    const bool found = VariantToBool(*object_.Call("Find", std::move(args)).get());
     if (found) {
       range = {static_cast<int>(start_line), static_cast<int>(start_column),
                static_cast<int>(end_line), static_cast<int>(end_column)};
@@ -171,7 +224,7 @@ class ComCodeModule : public ide::ICodeModule {
     args.push_back(Variant::Long(line));
     args.push_back(Variant::LongRef(&kind));
     ide::ProcRef proc;
-    proc.name = VariantToString(*module_.Get("ProcOfLine", std::move(args)).get());
+    proc.name = VariantToString(*object_.Get("ProcOfLine", std::move(args)).get());
     proc.kind = static_cast<ide::ProcKind>(kind);
     return proc;
   }
@@ -185,7 +238,7 @@ class ComCodeModule : public ide::ICodeModule {
     return ProcLine("ProcCountLines", name, kind);
   }
   std::shared_ptr<ide::ICodePane> CodePane() override {
-    return Child(module_, "CodePane", "CodePane", MakeCodePane);
+    return Child(object_, "CodePane", "CodePane", MakeCodePane);
   }
 
  private:
@@ -199,24 +252,19 @@ class ComCodeModule : public ide::ICodeModule {
     std::vector<Variant> args;
     args.push_back(Variant::String(name));
     args.push_back(Variant::Long(static_cast<long>(kind)));
-    return VariantToLong(*module_.Get(member, std::move(args)).get());
+    return VariantToLong(*object_.Get(member, std::move(args)).get());
   }
-
-  Dispatch module_;
 };
 
 // A property of a VB6 designer control (Properties("Caption")).
-class ComProperty : public ide::IProperty {
+class ComProperty : public ide::IProperty, public ComWrapper {
  public:
-  explicit ComProperty(Dispatch property) : property_(std::move(property)) {}
-  std::string Name() override { return GetString(property_, "Name"); }
-  std::string Value() override { return GetString(property_, "Value"); }
+  using ComWrapper::ComWrapper;
+  std::string Name() override { return GetString(object_, "Name"); }
+  std::string Value() override { return GetString(object_, "Value"); }
   void SetValue(std::string_view value) override {
-    property_.Put("Value", Variant::String(value));
+    object_.Put("Value", Variant::String(value));
   }
-
- private:
-  Dispatch property_;
 };
 
 // A property of a VBA UserForm control, which is an ordinary member of the
@@ -254,22 +302,22 @@ class ComMemberProperties : public ICollection<ide::IProperty> {
   Dispatch control_;
 };
 
-class ComControl : public ide::IControl {
+class ComControl : public ide::IControl, public ComWrapper {
  public:
-  explicit ComControl(Dispatch control) : control_(std::move(control)) {}
+  using ComWrapper::ComWrapper;
 
   std::string ClassName() override {
-    if (control_.Has("ClassName")) return GetString(control_, "ClassName");
+    if (object_.Has("ClassName")) return GetString(object_, "ClassName");
     return TypeName();
   }
   std::string ProgId() override {
-    if (control_.Has("ProgId")) return GetString(control_, "ProgId");
+    if (object_.Has("ProgId")) return GetString(object_, "ProgId");
     return "Forms." + TypeName() + ".1";
   }
   std::shared_ptr<ICollection<ide::IProperty>> Properties() override {
-    if (!control_.Has("Properties")) return std::make_shared<ComMemberProperties>(control_);
+    if (!object_.Has("Properties")) return std::make_shared<ComMemberProperties>(object_);
     return std::make_shared<ComCollection<ide::IProperty>>(
-        control_.Wrap(control_.GetObject("Properties"), "Properties"), "Property",
+        object_.Wrap(object_.GetObject("Properties"), "Properties"), "Property",
         [](Dispatch property) { return std::make_shared<ComProperty>(std::move(property)); });
   }
 
@@ -278,73 +326,61 @@ class ComControl : public ide::IControl {
   std::string TypeName() {
     ComPtr<ITypeInfo> info;
     Bstr name;
-    if (FAILED(control_.get()->GetTypeInfo(0, LOCALE_USER_DEFAULT, info.put())) || !info ||
+    if (FAILED(object_.get()->GetTypeInfo(0, LOCALE_USER_DEFAULT, info.put())) || !info ||
         FAILED(info->GetDocumentation(MEMBERID_NIL, name.put(), nullptr, nullptr, nullptr))) {
       return {};
     }
     return name.ToUtf8();
   }
-
-  Dispatch control_;
 };
 
-class ComDesigner : public ide::IDesigner {
+class ComDesigner : public ide::IDesigner, public ComWrapper {
  public:
-  explicit ComDesigner(Dispatch designer) : designer_(std::move(designer)) {}
+  using ComWrapper::ComWrapper;
 
   std::shared_ptr<ICollection<ide::IControl>> VBControls() override {
     // VB6's VBForm has VBControls; a VBA UserForm designer has Controls.
-    const char* member = designer_.Has("VBControls") ? "VBControls" : "Controls";
+    const char* member = object_.Has("VBControls") ? "VBControls" : "Controls";
     return std::make_shared<ComCollection<ide::IControl>>(
-        designer_.Wrap(designer_.GetObject(member), member), "VBControl",
-        [](Dispatch control) { return std::make_shared<ComControl>(std::move(control)); });
+        object_.Wrap(object_.GetObject(member), member), "VBControl", MakeControl);
   }
-
- private:
-  Dispatch designer_;
 };
 
-class ComComponent : public ide::IComponent {
+class ComComponent : public ide::IComponent, public ComWrapper {
  public:
-  explicit ComComponent(Dispatch component) : component_(std::move(component)) {}
+  using ComWrapper::ComWrapper;
 
-  std::string Name() override { return GetString(component_, "Name"); }
+  std::string Name() override { return GetString(object_, "Name"); }
   ide::ComponentType Type() override {
-    return static_cast<ide::ComponentType>(GetLong(component_, "Type"));
+    return static_cast<ide::ComponentType>(GetLong(object_, "Type"));
   }
   std::shared_ptr<ide::ICodeModule> CodeModule() override {
-    return Child(component_, "CodeModule", "CodeModule", MakeCodeModule);
+    return Child(object_, "CodeModule", "CodeModule", MakeCodeModule);
   }
   std::shared_ptr<ide::IDesigner> Designer() override {
-    return Child(component_, "Designer", "Designer", [](Dispatch designer) {
+    return Child(object_, "Designer", "Designer", [](Dispatch designer) {
       return std::make_shared<ComDesigner>(std::move(designer));
     });
   }
   std::shared_ptr<ide::IProject> Project() override {
     // The component's collection (VBComponents) belongs to the project.
     const Dispatch components =
-        component_.Wrap(component_.GetObject("Collection"), "VBComponents");
+        object_.Wrap(object_.GetObject("Collection"), "VBComponents");
     return Child(components, "Parent", "VBProject", MakeProject);
   }
-
- private:
-  Dispatch component_;
 };
 
-class ComProject : public ide::IProject {
+class ComProject : public ide::IProject, public ComWrapper {
  public:
-  explicit ComProject(Dispatch project) : project_(std::move(project)) {}
+  using ComWrapper::ComWrapper;
 
-  std::string Name() override { return GetString(project_, "Name"); }
-  std::string FileName() override { return GetString(project_, "FileName"); }
+  std::string Name() override { return GetString(object_, "Name"); }
+  std::string FileName() override { return GetString(object_, "FileName"); }
   std::shared_ptr<ICollection<ide::IComponent>> VBComponents() override {
     return std::make_shared<ComCollection<ide::IComponent>>(
-        project_.Wrap(project_.GetObject("VBComponents"), "VBComponents"), "VBComponent",
+        object_.Wrap(object_.GetObject("VBComponents"), "VBComponents"), "VBComponent",
         MakeComponent);
   }
-
- private:
-  Dispatch project_;
 };
 
 class ComVbe : public ide::IVbe {
@@ -371,11 +407,52 @@ class ComVbe : public ide::IVbe {
   void SendKeys(std::string_view keys) override {
     if (type_keys_) type_keys_(keys);
   }
+  std::shared_ptr<ide::ICommandBars> CommandBars() override {
+    return MakeCommandBars(vbe_.Wrap(vbe_.GetObject("CommandBars"), "CommandBars"));
+  }
+  std::shared_ptr<ide::IEvents> Events() override {
+    return MakeEvents(vbe_.Wrap(vbe_.GetObject("Events"), "Events"));
+  }
+  std::shared_ptr<ide::IAddins> Addins() override {
+    return MakeAddins(vbe_.Wrap(vbe_.GetObject("Addins"), "Addins"));
+  }
+  void DoEvents() override {
+    MSG message;
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+      ::TranslateMessage(&message);
+      ::DispatchMessageW(&message);
+    }
+  }
+  void ClipboardSetData(const ide::Picture& picture) override {
+    if (!SetClipboardBitmap(picture.bmp)) throw ide::Error(521, "Can't open Clipboard");
+  }
 
  private:
   Dispatch vbe_;
   KeyTyper type_keys_;
 };
+
+class ComAddIn : public ide::IAddIn, public ComWrapper {
+ public:
+  using ComWrapper::ComWrapper;
+  std::string ProgId() override { return GetString(object_, "ProgId"); }
+  std::string Description() override { return GetString(object_, "Description"); }
+  std::string Guid() override { return GetString(object_, "Guid"); }
+  bool Connect() override { return VariantToBool(*object_.Get("Connect").get()); }
+  void SetConnect(bool connect) override { object_.Put("Connect", Variant::Bool(connect)); }
+};
+
+class ComAddins : public ComCollection<ide::IAddIn, ide::IAddins> {
+ public:
+  explicit ComAddins(Dispatch add_ins)
+      : ComCollection(add_ins, "AddIn", MakeAddIn), add_ins_(std::move(add_ins)) {}
+  void Update() override { add_ins_.Call("Update"); }
+
+ private:
+  Dispatch add_ins_;
+};
+
+}  // namespace
 
 std::shared_ptr<ide::IWindow> MakeWindow(Dispatch window) {
   return std::make_shared<ComWindow>(std::move(window));
@@ -392,8 +469,19 @@ std::shared_ptr<ide::IComponent> MakeComponent(Dispatch component) {
 std::shared_ptr<ide::IProject> MakeProject(Dispatch project) {
   return std::make_shared<ComProject>(std::move(project));
 }
+std::shared_ptr<ide::IControl> MakeControl(Dispatch control) {
+  return std::make_shared<ComControl>(std::move(control));
+}
+std::shared_ptr<ide::IAddins> MakeAddins(Dispatch add_ins) {
+  return std::make_shared<ComAddins>(std::move(add_ins));
+}
+std::shared_ptr<ide::IAddIn> MakeAddIn(Dispatch add_in) {
+  return std::make_shared<ComAddIn>(std::move(add_in));
+}
 
-}  // namespace
+std::shared_ptr<ide::IAddIn> MakeComAddIn(ComPtr<IDispatch> add_in) {
+  return MakeAddIn(Dispatch(std::move(add_in), std::make_shared<DispIdCache>(), "AddIn"));
+}
 
 HWND MainWindowHandle(const ComPtr<IDispatch>& vbe) noexcept {
   try {

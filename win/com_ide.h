@@ -18,6 +18,8 @@ using KeyTyper = std::function<void(std::string_view keys)>;
 
 // `vbe` is the IDE's root object (VBInst).
 std::shared_ptr<ide::IVbe> MakeComVbe(ComPtr<IDispatch> vbe, KeyTyper type_keys);
+// The AddIn object the IDE passes at connection.
+std::shared_ptr<ide::IAddIn> MakeComAddIn(ComPtr<IDispatch> add_in);
 
 // The IDE's main window (VBE.MainWindow.HWnd), the owner of the add-in's
 // dialogs; null when the IDE does not tell.

@@ -2,6 +2,7 @@
 
 #include <cwchar>
 
+
 #include "win/com_guard.h"
 #include "win/com_ide.h"
 #include "win/com_values.h"
@@ -117,32 +118,69 @@ HRESULT Connect::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* params,
   });
 }
 
-HRESULT Connect::OnConnection(IDispatch* application, int, IDispatch* addin_instance,
-                              SAFEARRAY**) noexcept {
+namespace {
+
+// The folder the DLL was loaded from: the add-in's settings and code
+// folders live beside it.
+std::string AddinFolder() {
+  const std::wstring path = ThisModulePath();
+  return WideToUtf8(path.substr(0, path.find_last_of(L"\\/") + 1));
+}
+
+}  // namespace
+
+Connect::Connection::Connection(HWND main_window, const std::string& addin_folder)
+    : ui(main_window),
+      settings_dialog(ui, shell, addin_folder),
+      addin(addin::HostServices{ui, ide_options, settings_store, files, shell, profiles,
+                                settings_dialog, addin_folder}) {}
+
+HRESULT Connect::OnConnection(IDispatch* application, int connect_mode,
+                              IDispatch* addin_instance, SAFEARRAY**) noexcept {
   return GuardCom([&] {
     if (!application) return E_INVALIDARG;
     // A second connection without a disconnection starts afresh.
     Disconnect();
-    vbe_ = ComPtr<IDispatch>(application);
-    addin_instance_ = ComPtr<IDispatch>(addin_instance);
-    ide_ = MakeComVbe(vbe_, SendInputKeys);
+    const ComPtr<IDispatch> vbe(application);
+    connection_ = std::make_unique<Connection>(MainWindowHandle(vbe), AddinFolder());
+    std::shared_ptr<ide::IAddIn> add_in;
+    if (addin_instance) add_in = MakeComAddIn(ComPtr<IDispatch>(addin_instance));
+    connection_->addin.AddinInstance_OnConnection(MakeComVbe(vbe, SendInputKeys), connect_mode,
+                                                  std::move(add_in));
+    if (connection_->addin.WatcherLoaded()) {
+      Connection* connection = connection_.get();
+      connection_->watcher.emplace(kProjectWatcherMilliseconds,
+                                   [connection] { connection->addin.TimerTick(); });
+    }
     return S_OK;
   });
 }
 
-HRESULT Connect::OnDisconnection(int, SAFEARRAY**) noexcept {
+HRESULT Connect::OnDisconnection(int remove_mode, SAFEARRAY**) noexcept {
+  if (connection_) {
+    connection_->watcher.reset();
+    connection_->addin.AddinInstance_OnDisconnection(remove_mode);
+  }
   Disconnect();
   return S_OK;
 }
 
-HRESULT Connect::OnAddInsUpdate(SAFEARRAY**) noexcept { return S_OK; }
-HRESULT Connect::OnStartupComplete(SAFEARRAY**) noexcept { return S_OK; }
+HRESULT Connect::OnAddInsUpdate(SAFEARRAY**) noexcept {
+  if (connection_) connection_->addin.AddinInstance_OnAddInsUpdate();
+  return S_OK;
+}
+
+HRESULT Connect::OnStartupComplete(SAFEARRAY**) noexcept {
+  if (connection_) connection_->addin.AddinInstance_OnStartupComplete();
+  return S_OK;
+}
+
 HRESULT Connect::OnBeginShutdown(SAFEARRAY**) noexcept { return S_OK; }
 
 void Connect::Disconnect() noexcept {
-  ide_.reset();
-  addin_instance_.reset();
-  vbe_.reset();
+  // The portable add-in tears its user interface down and lets go of every
+  // object of the IDE when it goes.
+  connection_.reset();
 }
 
 }  // namespace tavrin::win

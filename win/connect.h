@@ -1,15 +1,31 @@
 // The add-in class Connect: what the IDE creates from "Tavrin.Connect" and
-// tells when it connects and disconnects the add-in.
+// tells when it connects and disconnects the add-in. It turns the IDE's COM
+// objects into the object model and hands the events to the portable
+// add-in (addin::Connect), with the Windows services: real dialogs owned by
+// the IDE's main window, the registry, the shell, and the project watcher's
+// timer on the IDE's thread.
 #pragma once
 
 #include <memory>
+#include <optional>
 
-#include "ide/object_model.h"
+#include "addin/connect.h"
+#include "platform/std_file_system.h"
 #include "win/com_object.h"
 #include "win/com_ptr.h"
 #include "win/extensibility.h"
+#include "win/message_timer.h"
+#include "win/private_profile_file.h"
+#include "win/registry_ide_options.h"
+#include "win/registry_settings_store.h"
+#include "win/windows_settings_dialog.h"
+#include "win/windows_shell.h"
+#include "win/windows_ui.h"
 
 namespace tavrin::win {
+
+// How often the project watcher looks at the IDE's projects.
+inline constexpr UINT kProjectWatcherMilliseconds = 1000;
 
 class Connect final : public IDTExtensibility2, public RefCounted {
  public:
@@ -40,13 +56,24 @@ class Connect final : public IDTExtensibility2, public RefCounted {
   HRESULT STDMETHODCALLTYPE OnBeginShutdown(SAFEARRAY** custom) noexcept override;
 
  private:
-  ~Connect() override = default;
+  ~Connect() override { Disconnect(); }
   // Gives back every reference to the IDE's objects.
   void Disconnect() noexcept;
 
-  ComPtr<IDispatch> vbe_;             // VBInst
-  ComPtr<IDispatch> addin_instance_;  // passed on to CreateToolWindow
-  std::shared_ptr<ide::IVbe> ide_;    // the object model over VBInst
+  // Lives for one connection: the dialogs need the IDE's main window.
+  struct Connection {
+    Connection(HWND main_window, const std::string& addin_folder);
+    WindowsUi ui;
+    RegistryIdeOptions ide_options;
+    RegistrySettingsStore settings_store;
+    platform::StdFileSystem files;
+    WindowsShell shell;
+    PrivateProfileFile profiles;
+    WindowsSettingsDialog settings_dialog;
+    addin::Connect addin;
+    std::optional<MessageTimer> watcher;
+  };
+  std::unique_ptr<Connection> connection_;
 };
 
 }  // namespace tavrin::win
