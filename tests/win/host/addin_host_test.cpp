@@ -8,17 +8,26 @@
 #include <vector>
 
 #include "addin/code_lines.h"
+#include "ide/command_bars.h"
+#include "ide/memory/memory_addins.h"
+#include "ide/memory/memory_command_bars.h"
 #include "ide/memory/memory_component.h"
+#include "ide/memory/memory_events.h"
 #include "ide/memory/memory_project.h"
 #include "ide/memory/memory_vbe.h"
 #include "platform/ide_options.h"
+#include "platform/std_file_system.h"
+#include "settings/settings_load.h"
 #include "tests/support/code_lines.h"
 #include "tests/support/fake_ui.h"
+#include "tests/win/host/host_command_bars.h"
+#include "tests/win/host/host_events.h"
 #include "tests/win/host/host_ide.h"
 #include "win/com_ide.h"
 #include "win/com_values.h"
 #include "win/dispatch.h"
 #include "win/extensibility.h"
+#include "win/private_profile_file.h"
 #include "win/registry.h"
 
 namespace tavrin::test_host {
@@ -57,6 +66,43 @@ bool KeyExists(HKEY root, const std::wstring& path) {
   return static_cast<bool>(win::OpenKey(root, path, KEY_QUERY_VALUE));
 }
 
+// A dialog the add-in shows (an error report, a question) would wait for a
+// user who is not there: this closes each one as it opens and keeps its
+// text, which fails the test.
+class DialogCatcher {
+ public:
+  DialogCatcher() {
+    hook_.reset(::SetWindowsHookExW(WH_CBT, &Hook, nullptr, ::GetCurrentThreadId()));
+  }
+  static std::vector<std::string>& Shown() {
+    static std::vector<std::string> shown;
+    return shown;
+  }
+
+ private:
+  static BOOL CALLBACK AddText(HWND child, LPARAM texts) {
+    wchar_t text[1024] = L"";
+    ::GetWindowTextW(child, text, 1024);
+    *reinterpret_cast<std::wstring*>(texts) += std::wstring(L" ") + text;
+    return TRUE;
+  }
+  static LRESULT CALLBACK Hook(int code, WPARAM wparam, LPARAM lparam) {
+    if (code == HCBT_ACTIVATE) {
+      const auto dialog = reinterpret_cast<HWND>(wparam);
+      std::wstring texts;
+      AddText(dialog, reinterpret_cast<LPARAM>(&texts));
+      ::EnumChildWindows(dialog, &AddText, reinterpret_cast<LPARAM>(&texts));
+      Shown().push_back(win::WideToUtf8(texts));
+      for (int button : {IDCANCEL, IDNO, IDOK}) {
+        ::PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED), 0);
+      }
+    }
+    return ::CallNextHookEx(nullptr, code, wparam, lparam);
+  }
+
+  win::UniqueHhook hook_;
+};
+
 class AddinHostTest : public ::testing::Test {
  protected:
   static void SetUpTestSuite() {
@@ -80,6 +126,8 @@ class AddinHostTest : public ::testing::Test {
   void TearDown() override {
     unregister_();
     install_(FALSE, L"machine");
+    EXPECT_TRUE(DialogCatcher::Shown().empty()) << DialogCatcher::Shown().front();
+    DialogCatcher::Shown().clear();
   }
 
   template <class F>
@@ -106,6 +154,7 @@ class AddinHostTest : public ::testing::Test {
     }
   }
 
+  DialogCatcher dialogs_;
   static inline std::wstring dll_path_;
   static inline HMODULE dll_ = nullptr;
   static inline Export register_ = nullptr;
@@ -145,6 +194,27 @@ TEST_F(AddinHostTest, RegistersPerMachineThroughDllInstall) {
   EXPECT_EQ(install_(TRUE, L"everybody"), E_INVALIDARG);
 }
 
+std::shared_ptr<ide::ICommandBar> FindBar(ide::memory::MemoryVbe& memory, std::string_view name) {
+  const auto bars = memory.CommandBars();
+  for (int i = 1; i <= bars->Count(); ++i) {
+    if (bars->Item(i)->Name() == name) return bars->Item(i);
+  }
+  return nullptr;
+}
+
+// The first control with that caption, in pop-ups too.
+std::shared_ptr<ide::ICommandBarControl> FindCaption(ide::ICommandBarControls& controls,
+                                                     std::string_view caption) {
+  for (int i = 1; i <= controls.Count(); ++i) {
+    const auto control = controls.Item(i);
+    if (control->Caption() == caption) return control;
+    if (control->Type() == ide::ControlType::kPopup) {
+      if (auto found = FindCaption(*control->Controls(), caption)) return found;
+    }
+  }
+  return nullptr;
+}
+
 // What the IDE does at each connection: create the add-in from its ProgID,
 // connect it, let it work, disconnect it and let it go.
 class Cycle {
@@ -156,10 +226,11 @@ class Cycle {
     auto memory = ide::memory::MemoryVbe::Create();
     const auto component = OpenModule(*memory);
     ComPtr<IDispatch> vbe = MakeHostVbe(memory);
-    ComPtr<IDispatch> addin_instance = MakeHostObject({
-        Property(L"ProgId", [] { return Variant::String("Tavrin.Connect"); }),
-        Property(L"Connect", [] { return Variant::Bool(true); }),
-    });
+    // Odd connections imitate the VB6 IDE, whose command bars have no
+    // Picture: the faces then go through the clipboard.
+    memory->SetCommandBarsHavePicture(late_bound_);
+    ComPtr<IDispatch> addin_instance =
+        MakeHostAddIn(memory->RegisterAddIn("Tavrin.Connect", "Tavrin", true));
 
     CLSID clsid{};
     ASSERT_EQ(::CLSIDFromProgID(L"Tavrin.Connect", &clsid), S_OK);
@@ -179,7 +250,7 @@ class Cycle {
       args.push_back(CustomArgument(&custom_array));
       events.Call("OnConnection", std::move(args));
       events.Call("OnStartupComplete", OneArgument(CustomArgument(&custom_array)));
-      RunCommand(memory, vbe);
+      WhileConnected(*memory);
       std::vector<Variant> disconnect;
       disconnect.push_back(Variant::Long(1));  // the user unloaded it
       disconnect.push_back(CustomArgument(&custom_array));
@@ -187,21 +258,33 @@ class Cycle {
     } else {
       ASSERT_EQ(addin->OnConnection(vbe.get(), 1, addin_instance.get(), &custom_array), S_OK);
       ASSERT_EQ(addin->OnStartupComplete(&custom_array), S_OK);
-      RunCommand(memory, vbe);
+      WhileConnected(*memory);
       ASSERT_EQ(addin->OnBeginShutdown(&custom_array), S_OK);
       ASSERT_EQ(addin->OnDisconnection(0, &custom_array), S_OK);
     }
     EXPECT_EQ(custom_array, custom.get()) << "the host's array is not the add-in's to replace";
+    // Nothing of the add-in is left in the IDE.
+    EXPECT_EQ(FindBar(*memory, "Tavrin"), nullptr);
+    EXPECT_EQ(ConnectedHostSinks(), 0);
     // Disconnected, the add-in holds nothing of the IDE any more, although
     // the IDE has not let it go yet.
     vbe.reset();
     addin_instance.reset();
     EXPECT_EQ(LiveHostObjects(), live_before);
     addin.reset();
-    // The same command on the in-memory IDE directly gives the same code.
+    // The same command on the in-memory IDE directly gives the same code,
+    // but for the blank the command types: the add-in types it as a real
+    // keystroke into the window that has the focus, the in-memory IDE into
+    // the module.
     auto oracle = ide::memory::MemoryVbe::Create();
     const auto oracle_component = OpenModule(*oracle);
     RunCommand(*oracle);
+    const ide::TextRange caret = oracle_component->CodePane()->GetSelection();
+    const auto oracle_module = oracle_component->CodeModule();
+    std::string typed_line = oracle_module->Lines(caret.start_line, 1);
+    ASSERT_EQ(typed_line.at(static_cast<std::size_t>(caret.start_column) - 2), ' ');
+    typed_line.erase(static_cast<std::size_t>(caret.start_column) - 2, 1);
+    oracle_module->ReplaceLine(caret.start_line, typed_line);
     EXPECT_EQ(component->SourceBytes(), oracle_component->SourceBytes());
     EXPECT_NE(component->SourceBytes(), kModule);
   }
@@ -228,9 +311,9 @@ class Cycle {
     component->CodePane()->SetSelection({3, 11, 3, 11});
     return component;
   }
-  // A code command on the module through the object model over COM.
-  static void RunCommand(const std::shared_ptr<ide::memory::MemoryVbe>& memory,
-                         const ComPtr<IDispatch>& vbe);
+  // What the user sees and does while the add-in is connected: the
+  // toolbar, its faces, and a click on "If Then" in the "&Tavrin" menu.
+  static void WhileConnected(ide::memory::MemoryVbe& memory);
   static void RunCommand(ide::IVbe& vbe) {
     tavrin::testing::FakeUi ui;
     platform::FixedIdeOptions options;
@@ -241,13 +324,47 @@ class Cycle {
   bool late_bound_;
 };
 
-void Cycle::RunCommand(const std::shared_ptr<ide::memory::MemoryVbe>& memory,
-                       const ComPtr<IDispatch>& vbe) {
-  const auto ide = win::MakeComVbe(vbe, [&](std::string_view keys) { memory->SendKeys(keys); });
-  RunCommand(*ide);
+void Cycle::WhileConnected(ide::memory::MemoryVbe& memory) {
+  const auto toolbar = FindBar(memory, "Tavrin");
+  ASSERT_NE(toolbar, nullptr);
+  const auto controls = toolbar->Controls();
+  ASSERT_GT(controls->Count(), 10);
+  const auto first = controls->Item(1);
+  EXPECT_EQ(first->Caption(), "&Add Variable...");
+  EXPECT_EQ(first->TooltipText(), "&Add Variable...");
+  EXPECT_EQ(first->Style(), ide::ButtonStyle::kIcon);
+  memory.SetCommandBarsHavePicture(true);
+  EXPECT_FALSE(first->GetPicture().bmp.empty()) << "the button has its face";
+  EXPECT_GT(ConnectedHostSinks(), 0);
+
+  const auto if_then = FindCaption(*controls, "&Then");
+  ASSERT_NE(if_then, nullptr);
+  if_then->Execute();
+  // The IDE's events reach the add-in and are dropped without a fuss.
+  const auto component = memory.VBProjects()->Item(1)->VBComponents()->Item(1);
+  memory.MemoryEventHub()->RaiseComponentRenamed(component, "Module0");
+  memory.MemoryEventHub()->RaiseProjectActivated(memory.VBProjects()->Item(1));
+}
+
+// Every setting in its file and a developer known: connecting asks no
+// first-run questions and opens no settings dialog.
+void SeedSettings() {
+  struct NoDialog : settings::SettingsDialog {
+    void ShowModal() override { ADD_FAILURE() << "a settings dialog"; }
+  } dialog;
+  platform::StdFileSystem files;
+  win::PrivateProfileFile profiles;
+  tavrin::testing::FakeUi ui;
+  settings::ValueTable values;
+  settings::LoadValueTable(
+      values, settings::SettingsServices{profiles, files, ui, dialog, win::WideToUtf8(ExeFolder())},
+      false);
+  ::WritePrivateProfileStringW(L"Developer", L"Developer", L"Test Host",
+                               (ExeFolder() + L"tvrusr.ini").c_str());
 }
 
 TEST_F(AddinHostTest, TenConnectionsLeakNothing) {
+  SeedSettings();
   ASSERT_EQ(register_(), S_OK);
   // Wine does not look up classes registered per user; a per-machine
   // registration next to it lets COM find the class there too.

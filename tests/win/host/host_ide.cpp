@@ -3,6 +3,8 @@
 #include <string>
 #include <utility>
 
+#include "tests/win/host/host_command_bars.h"
+
 namespace tavrin::test_host {
 namespace {
 
@@ -172,7 +174,7 @@ ComPtr<IDispatch> MakeControl(std::shared_ptr<IControl> control) {
                  return Variant::Object(
                      MakeCollection<IProperty>(control->Properties(), &MakeProperty).get());
                }),
-  });
+  }, control);
 }
 
 ComPtr<IDispatch> MakeDesigner(std::shared_ptr<IDesigner> designer) {
@@ -182,7 +184,7 @@ ComPtr<IDispatch> MakeDesigner(std::shared_ptr<IDesigner> designer) {
                  return Variant::Object(
                      MakeCollection<IControl>(designer->VBControls(), &MakeControl).get());
                }),
-  });
+  }, designer);
 }
 
 ComPtr<IDispatch> MakeComponents(std::shared_ptr<IProject> project) {
@@ -204,7 +206,7 @@ ComPtr<IDispatch> MakeComponent(std::shared_ptr<IComponent> component) {
                [component] {
                  return Variant::Object(MakeComponents(component->Project()).get());
                }),
-  });
+  }, component);
 }
 
 ComPtr<IDispatch> MakeProject(std::shared_ptr<IProject> project) {
@@ -213,10 +215,20 @@ ComPtr<IDispatch> MakeProject(std::shared_ptr<IProject> project) {
       Property(L"FileName", [project] { return Variant::String(project->FileName()); }),
       Property(L"VBComponents",
                [project] { return Variant::Object(MakeComponents(project).get()); }),
-  });
+  }, project);
 }
 
 }  // namespace
+
+ComPtr<IDispatch> MakeHostProject(std::shared_ptr<ide::IProject> project) {
+  return MakeProject(std::move(project));
+}
+ComPtr<IDispatch> MakeHostComponent(std::shared_ptr<ide::IComponent> component) {
+  return MakeComponent(std::move(component));
+}
+ComPtr<IDispatch> MakeHostControl(std::shared_ptr<ide::IControl> control) {
+  return MakeControl(std::move(control));
+}
 
 ComPtr<IDispatch> MakeHostVbe(std::shared_ptr<ide::memory::MemoryVbe> vbe, HWND main_window) {
   return MakeHostObject({
@@ -236,6 +248,9 @@ ComPtr<IDispatch> MakeHostVbe(std::shared_ptr<ide::memory::MemoryVbe> vbe, HWND 
                  return Variant::Object(
                      MakeCollection<IWindow>(vbe->Windows(), &MakeWindow).get());
                }),
+      Property(L"CommandBars", [vbe] { return Variant::Object(MakeHostCommandBars(vbe).get()); }),
+      Property(L"Events", [vbe] { return Variant::Object(MakeHostEvents(vbe).get()); }),
+      Property(L"Addins", [vbe] { return Variant::Object(MakeHostAddins(vbe).get()); }),
   });
 }
 

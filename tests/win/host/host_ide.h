@@ -15,4 +15,9 @@ namespace tavrin::test_host {
 ComPtr<IDispatch> MakeHostVbe(std::shared_ptr<ide::memory::MemoryVbe> vbe,
                               HWND main_window = nullptr);
 
+// Single objects, for the events that pass them.
+ComPtr<IDispatch> MakeHostProject(std::shared_ptr<ide::IProject> project);
+ComPtr<IDispatch> MakeHostComponent(std::shared_ptr<ide::IComponent> component);
+ComPtr<IDispatch> MakeHostControl(std::shared_ptr<ide::IControl> control);
+
 }  // namespace tavrin::test_host
