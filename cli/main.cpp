@@ -11,6 +11,7 @@
 #include "cli/command.h"
 #include "cli/usage_error.h"
 #include "ide/object_model.h"
+#include "platform/command_line.h"
 #include "platform/terminal_ui.h"
 
 namespace {
@@ -45,8 +46,12 @@ int main(int argc, char **argv) {
       AddDeclCommand(app),       AddProcedureCommand(app),
       AddHeaderCommand(app),     AddTemplateCommand(app)};
 
+  const std::vector<std::string> arguments = tavrin::platform::Utf8Arguments(argc, argv);
+  std::vector<const char*> argument_pointers;
+  for (const auto& argument : arguments) argument_pointers.push_back(argument.c_str());
+
   try {
-    app.parse(argc, argv);
+    app.parse(static_cast<int>(argument_pointers.size()), argument_pointers.data());
   } catch (const CLI::CallForHelp &help) {
     return app.exit(help);
   } catch (const CLI::CallForAllHelp &help) {

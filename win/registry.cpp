@@ -4,23 +4,35 @@
 
 namespace tavrin::win {
 
-UniqueHkey OpenUserKey(const std::wstring& path, REGSAM access) {
+UniqueHkey OpenKey(HKEY root, const std::wstring& path, REGSAM access) {
   UniqueHkey key;
-  if (::RegOpenKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, access, key.put()) !=
-      ERROR_SUCCESS) {
+  if (::RegOpenKeyExW(root, path.c_str(), 0, access, key.put()) != ERROR_SUCCESS) {
+    return {};
+  }
+  return key;
+}
+
+UniqueHkey OpenUserKey(const std::wstring& path, REGSAM access) {
+  return OpenKey(HKEY_CURRENT_USER, path, access);
+}
+
+UniqueHkey CreateKey(HKEY root, const std::wstring& path) {
+  UniqueHkey key;
+  if (::RegCreateKeyExW(root, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                        KEY_QUERY_VALUE | KEY_SET_VALUE, nullptr, key.put(),
+                        nullptr) != ERROR_SUCCESS) {
     return {};
   }
   return key;
 }
 
 UniqueHkey CreateUserKey(const std::wstring& path) {
-  UniqueHkey key;
-  if (::RegCreateKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, nullptr,
-                        REG_OPTION_NON_VOLATILE, KEY_QUERY_VALUE | KEY_SET_VALUE,
-                        nullptr, key.put(), nullptr) != ERROR_SUCCESS) {
-    return {};
-  }
-  return key;
+  return CreateKey(HKEY_CURRENT_USER, path);
+}
+
+bool DeleteKeyTree(HKEY root, const std::wstring& path) {
+  const LSTATUS status = ::RegDeleteTreeW(root, path.c_str());
+  return status == ERROR_SUCCESS || status == ERROR_FILE_NOT_FOUND;
 }
 
 std::optional<DWORD> ValueType(HKEY key, const std::wstring& name) {

@@ -29,10 +29,7 @@ std::string ErrorText(DWORD code) {
           FORMAT_MESSAGE_IGNORE_INSERTS,
       nullptr, code, 0, reinterpret_cast<wchar_t*>(&buffer), 0, nullptr);
   // FormatMessage allocates with LocalAlloc; hand the buffer to an owner at once.
-  struct LocalMemory {
-    wchar_t* memory;
-    ~LocalMemory() { ::LocalFree(memory); }
-  } owner{buffer};
+  const UniqueLocalMemory owner(buffer);
   std::wstring_view message(buffer ? buffer : L"", length);
   while (!message.empty() && (message.back() == L'\n' || message.back() == L'\r' ||
                               message.back() == L' ' || message.back() == L'.')) {
@@ -49,6 +46,20 @@ HMODULE ThisModule() {
       GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
       reinterpret_cast<LPCWSTR>(&ThisModule), &module);
   return module;
+}
+
+std::wstring ThisModulePath() {
+  std::wstring path(MAX_PATH, L'\0');
+  for (;;) {
+    const DWORD length =
+        ::GetModuleFileNameW(ThisModule(), path.data(), static_cast<DWORD>(path.size()));
+    if (length == 0) return {};
+    if (length < path.size()) {
+      path.resize(length);
+      return path;
+    }
+    path.resize(path.size() * 2);  // a long path was cut: try again with room
+  }
 }
 
 }  // namespace tavrin::win

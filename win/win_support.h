@@ -87,11 +87,21 @@ struct WindowsHookTraits {
   static void Close(HHOOK hook) { ::UnhookWindowsHookEx(hook); }
 };
 
+// Blocks the system allocated for the caller with LocalAlloc.
+struct LocalMemoryTraits {
+  using Handle = HLOCAL;
+  static constexpr HLOCAL kEmpty = nullptr;
+  static void Close(HLOCAL memory) { ::LocalFree(memory); }
+};
+
 using UniqueHkey = UniqueHandle<RegistryKeyTraits>;
+using UniqueLocalMemory = UniqueHandle<LocalMemoryTraits>;
 using UniqueHwnd = UniqueHandle<WindowTraits>;
 using UniqueHhook = UniqueHandle<WindowsHookTraits>;
 
 // The module that holds this code: the DLL when it is one, not the host.
 HMODULE ThisModule();
+// The full path of that module's file; empty when the system does not say.
+std::wstring ThisModulePath();
 
 }  // namespace tavrin::win
