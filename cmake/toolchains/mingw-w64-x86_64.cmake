@@ -6,7 +6,9 @@ include(${CMAKE_CURRENT_LIST_DIR}/mingw-w64-common.cmake)
 # ctest starts every test program through the emulator. Wine gets a prefix of
 # its own inside the build folder (created on first use, which takes a while)
 # so that tests neither read nor change the user's ~/.wine; the Mono and Gecko
-# installers are switched off, since no test needs them and they would ask.
+# installers are switched off, since no test needs them and they would ask,
+# and so is the crash debugger: a test program that crashes fails at once
+# instead of waiting on the debugger's dialog until the test times out.
 # With xvfb-run at hand each program also gets a virtual display of its own,
 # so the dialog tests can show and answer real dialogs; without it they skip.
 find_program(TAVRIN_WINE NAMES wine wine64)
@@ -21,6 +23,6 @@ if(TAVRIN_WINE)
       ${CMAKE_COMMAND} -E env
       WINEDEBUG=-all
       WINEPREFIX=${CMAKE_BINARY_DIR}/wineprefix
-      WINEDLLOVERRIDES=mscoree,mshtml=
+      WINEDLLOVERRIDES=mscoree,mshtml,winedbg.exe=d
       ${TAVRIN_WINE})
 endif()

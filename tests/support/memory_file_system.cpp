@@ -1,9 +1,21 @@
 #include "tests/support/memory_file_system.h"
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
 namespace tavrin::testing {
+namespace {
+
+// Either separator names the same file, as on Windows: the code under test
+// joins paths with its platform's separator, the tests write "/".
+std::string Normal(std::string_view path) {
+  std::string normal(path);
+  std::replace(normal.begin(), normal.end(), '\\', '/');
+  return normal;
+}
+
+}  // namespace
 
 std::string ReadSourceTreeFile(std::string_view relative) {
   std::ifstream in(std::string(TAVRIN_SOURCE_DIR) + "/" + std::string(relative),
@@ -14,7 +26,7 @@ std::string ReadSourceTreeFile(std::string_view relative) {
 }
 
 void MemoryFileSystem::AddFile(std::string_view path, std::string_view bytes) {
-  files_[std::string(path)] = std::string(bytes);
+  files_[Normal(path)] = std::string(bytes);
 }
 
 void MemoryFileSystem::AddFileFromSourceTree(std::string_view relative, std::string_view path) {
@@ -22,23 +34,24 @@ void MemoryFileSystem::AddFileFromSourceTree(std::string_view relative, std::str
 }
 
 Result<std::string> MemoryFileSystem::ReadFile(std::string_view path) {
-  const auto it = files_.find(path);
+  const auto it = files_.find(Normal(path));
   if (it == files_.end()) return Error{std::string(path) + ": file not found"};
   return it->second;
 }
 
 Status MemoryFileSystem::WriteFile(std::string_view path, std::string_view bytes) {
-  files_[std::string(path)] = std::string(bytes);
-  written_.emplace_back(path);
+  files_[Normal(path)] = std::string(bytes);
+  written_.push_back(Normal(path));
   return {};
 }
 
-bool MemoryFileSystem::FileExists(std::string_view path) { return files_.contains(path); }
+bool MemoryFileSystem::FileExists(std::string_view path) { return files_.contains(Normal(path)); }
 
 bool MemoryFileSystem::FolderExists(std::string_view path) {
   // "/a/" names the same folder as "/a".
-  while (path.size() > 1 && (path.back() == '/' || path.back() == '\\')) path.remove_suffix(1);
-  const std::string prefix = std::string(path) + "/";
+  std::string folder = Normal(path);
+  while (folder.size() > 1 && folder.back() == '/') folder.pop_back();
+  const std::string prefix = folder + "/";
   for (const auto& [name, bytes] : files_) {
     if (name.starts_with(prefix)) return true;
   }
