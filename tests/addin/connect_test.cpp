@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "resources/string_table.h"
 #include "tests/addin/connect_fixture.h"
 
@@ -113,7 +115,9 @@ TEST_F(ConnectTest, TheFirstConnectionSeedsTheAddinFolderAndOpensTheSettingsDial
   EXPECT_EQ(settings_dialog_.shown, 1);
   EXPECT_TRUE(files_.FileExists("/addin/tvrtp.ini"));
   EXPECT_TRUE(files_.FileExists("/addin/tvrusr.ini"));
-  EXPECT_EQ(connect_.State()->CodeRoot(), "/addin/vbcode/");
+  std::string code_root = connect_.State()->CodeRoot();
+  std::replace(code_root.begin(), code_root.end(), '\\', '/');  // Windows joins with "\\"
+  EXPECT_EQ(code_root, "/addin/vbcode/");
   EXPECT_EQ(BarsNamed("Tavrin"), 1);
 }
 
