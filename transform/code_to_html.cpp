@@ -1,6 +1,8 @@
 #include "transform/code_to_html.h"
 
 #include <algorithm>
+#include <array>
+#include <functional>
 #include <string>
 #include <unordered_set>
 
@@ -44,13 +46,30 @@ class WordSet {
   explicit WordSet(std::string_view list) {
     std::size_t start = 0;
     for (std::size_t star; (star = list.find('*', start)) != std::string_view::npos;
-         start = star + 1)
-      if (star > start) words_.insert(ToLowerAscii(list.substr(start, star - start)));
+         start = star + 1) {
+      if (star == start) continue;
+      words_.insert(ToLowerAscii(list.substr(start, star - start)));
+      longest_ = std::min(kLongestWord, std::max(longest_, star - start));
+    }
   }
-  bool Contains(const std::string& lower_word) const { return words_.contains(lower_word); }
+  // Lower-cases into a buffer on the stack: no allocation per word.
+  bool Contains(std::string_view word) const {
+    if (word.size() > longest_) return false;
+    std::array<char, kLongestWord> lower;
+    std::transform(word.begin(), word.end(), lower.begin(), [](char c) { return ToLowerAscii(c); });
+    return words_.contains(std::string_view(lower.data(), word.size()));
+  }
 
  private:
-  std::unordered_set<std::string> words_;
+  static constexpr std::size_t kLongestWord = 64;  // longer entries are never matched
+  struct Hash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const {
+      return std::hash<std::string_view>{}(text);
+    }
+  };
+  std::unordered_set<std::string, Hash, std::equal_to<>> words_;
+  std::size_t longest_ = 0;
 };
 
 const WordSet& FunctionWords() {
@@ -134,17 +153,16 @@ class Converter {
   // the line with it (the current character included).
   bool Flush() {
     if (word_.empty()) return true;
-    const std::string lower = ToLowerAscii(word_);
     bool found = false;
-    if (FunctionWords().Contains(lower)) {
+    if (FunctionWords().Contains(word_)) {
       AppendColoured(kFunctionWordFont);
       found = true;
     }
-    if (Keywords().Contains(lower)) {
+    if (Keywords().Contains(word_)) {
       AppendColoured(kKeywordFont);
       found = true;
     }
-    const bool rem = lower == "rem";
+    const bool rem = EqualsIgnoreCase(word_, "rem");
     if (rem) {
       AppendRemComment();
     } else if (!found) {
