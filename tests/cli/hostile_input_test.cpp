@@ -37,6 +37,13 @@ std::string ManyControlsForm() {
 
 using ReadBack = std::function<std::string(const std::string& name)>;
 
+// Short names: the whole declaration travels as one command-line argument.
+std::string TenThousandArguments() {
+  std::string text = "Sub A(a0";
+  for (int i = 1; i < 10000; ++i) text += ", a" + std::to_string(i);
+  return text + ")";
+}
+
 struct HostileCase {
   const char* name;
   std::map<std::string, std::string> files;  // name -> bytes; "" with a trailing / is a folder
@@ -141,6 +148,20 @@ INSTANTIATE_TEST_SUITE_P(
                     [](const ReadBack&, const ToolRun& run) {
                       EXPECT_NE(run.out.find("\"key\":\"Z\""), std::string::npos);
                       EXPECT_NE(run.out.find("\"cmd9999\""), std::string::npos);
+                    }},
+        HostileCase{"TenThousandArguments", {}, {}, {"--json", "decl", TenThousandArguments()}, 0,
+                    "",
+                    [](const ReadBack&, const ToolRun& run) {
+                      EXPECT_NE(run.out.find("\"a9999\""), std::string::npos);
+                    }},
+        HostileCase{"IncludeCycle",
+                    {{"vbcode/", ""},
+                     {"vbcode/A.bas", "top\r\n{INCLUDE B.bas}\r\n"},
+                     {"vbcode/B.bas", "b\r\n{INCLUDE A.bas}\r\n"}},
+                    {}, {"--addin-dir", "{dir}", "template", "{dir}/vbcode/A.bas"}, 0, "",
+                    [](const ReadBack&, const ToolRun& run) {
+                      EXPECT_NE(run.out.find("{INCLUDE B.bas}"), std::string::npos)
+                          << "the directive that would repeat the cycle stays as written";
                     }},
         HostileCase{"Windows1252Text", {{"w.bas", kLatin1Module}}, {},
                     {"comment", "add", "{dir}/w.bas", "-i"}, 0, "",
