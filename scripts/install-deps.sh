@@ -48,5 +48,10 @@ if [[ $(id -u) != 0 ]]; then
   sudo=(sudo)
 fi
 export DEBIAN_FRONTEND=noninteractive
-"${sudo[@]}" apt-get update -q
+# One index that cannot be refreshed (a mirror caught mid-sync answers "File
+# has unexpected size") must not stop the run: say so and install from the
+# lists already on the machine.
+if ! "${sudo[@]}" apt-get update -q; then
+  echo "install-deps: apt-get update failed; installing from the package lists already present" >&2
+fi
 "${sudo[@]}" apt-get install -y -q --no-install-recommends "${missing[@]}"
