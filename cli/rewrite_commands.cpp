@@ -28,8 +28,12 @@ int RunRewrite(const GlobalOptions& globals, const RewriteArguments& arguments,
   platform::StdFileSystem files;
   SourceSession session(files, arguments.file);
   const auto pane = session.Pane();
-  pane->SetSelection(ResolvePosition(arguments.position, *pane->CodeModule()));
-  (arguments.action == "add" ? add : remove)(*pane);
+  const auto module = pane->CodeModule();
+  pane->SetSelection(ResolvePosition(arguments.position, *module));
+  // The whole of a module without code lines (a class or a form with only its
+  // header) is no lines at all, not the empty line the caret stands on.
+  const bool nothing_to_rewrite = !HasPosition(arguments.position) && module->CountOfLines() == 0;
+  if (!nothing_to_rewrite) (arguments.action == "add" ? add : remove)(*pane);
   session.WriteResult(arguments.output, globals.json, std::cout);
   return kDone;
 }

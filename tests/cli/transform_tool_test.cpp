@@ -76,6 +76,33 @@ TEST_F(TransformToolTest, CommentAddAndRemoveRoundTrip) {
   EXPECT_EQ(removed.out, kModule);
 }
 
+// A module without code lines: a class, and a form with only its designer
+// block. A rewrite over the whole of it leaves the file as it was.
+TEST_F(TransformToolTest, RewritesOfAModuleWithoutCodeLinesChangeNothing) {
+  constexpr std::string_view kEmptyClass =
+      "VERSION 1.0 CLASS\r\n"
+      "BEGIN\r\n"
+      "  MultiUse = -1  'True\r\n"
+      "END\r\n"
+      "Attribute VB_Name = \"Empty\"\r\n"
+      "Attribute VB_Exposed = False\r\n";
+  const std::string designer_only(kForm.substr(0, kForm.find("Option Explicit")));
+  const struct {
+    const char* file;
+    std::string_view text;
+  } modules[] = {{"Empty.cls", kEmptyClass}, {"frmKeys.frm", designer_only}};
+  for (const auto& [file, text] : modules) {
+    const std::string path = Write(file, text);
+    for (const char* command : {"comment", "lines"}) {
+      for (const char* action : {"add", "remove"}) {
+        const ToolRun run = Run({command, action, path, "-i"});
+        ASSERT_EQ(run.status, 0) << run.err;
+        EXPECT_EQ(Read(path), text) << file << ": " << command << " " << action;
+      }
+    }
+  }
+}
+
 TEST_F(TransformToolTest, HtmlGivesTheFragmentOrThePageOfAProcedure) {
   const std::string module = Write("Module1.bas", kModule);
   const ToolRun fragment = Run({"html", module, "--procedure", "main", "--fragment"});
