@@ -13,6 +13,7 @@
 #include "ide/object_model.h"
 #include "platform/command_line.h"
 #include "platform/terminal_ui.h"
+#include "tavrin_version.h"
 
 namespace {
 

@@ -1,7 +1,9 @@
 // The add-in class as the IDE and COM know it: class id, ProgID, and the
-// name and description shown in the IDE's Add-In Manager.
+// name and description shown in the IDE's Add-In Manager, which names the
+// version installed.
 #pragma once
 
+#include "tavrin_version.h"
 #include "win/win_support.h"
 
 namespace tavrin::win {
@@ -15,7 +17,7 @@ inline constexpr wchar_t kConnectProgId[] = L"Tavrin.Connect";
 inline constexpr wchar_t kConnectClassName[] = L"Tavrin Connect";
 inline constexpr wchar_t kAddinFriendlyName[] = L"Tavrin";
 inline constexpr wchar_t kAddinDescription[] =
-    L"Tavrin: builds procedures, properties, variables and statement blocks in your own "
+    L"Tavrin " TAVRIN_VERSION L": builds procedures, properties, variables and statement blocks in your own "
     L"naming convention, and numbers, comments and exports code.";
 
 }  // namespace tavrin::win

@@ -6,6 +6,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "tavrin_version.h"
 #include "tests/cli/tool_fixture.h"
 #include "tests/support/temp_folder.h"
 
@@ -179,7 +180,7 @@ TEST_F(ToolTest, HelpAndVersion) {
   EXPECT_NE(help.out.find("snippet"), std::string::npos);
   const ToolRun version = Run({"--version"});
   EXPECT_EQ(version.status, 0);
-  EXPECT_TRUE(version.out.starts_with("tavrin ")) << version.out;
+  EXPECT_EQ(version.out, "tavrin " TAVRIN_VERSION "\n");
 }
 
 }  // namespace

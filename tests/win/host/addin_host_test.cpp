@@ -29,6 +29,7 @@
 #include "win/extensibility.h"
 #include "win/private_profile_file.h"
 #include "win/registry.h"
+#include "tavrin_version.h"
 
 namespace tavrin::test_host {
 namespace {
@@ -143,7 +144,9 @@ class AddinHostTest : public ::testing::Test {
     EXPECT_EQ(StringValue(root, std::wstring(kClassKey) + L"\\ProgID", L""), L"Tavrin.Connect");
     EXPECT_EQ(StringValue(root, std::wstring(kProgIdKey) + L"\\CLSID", L""), kClsid);
     EXPECT_EQ(StringValue(root, kAddinKey, L"FriendlyName"), L"Tavrin");
-    EXPECT_TRUE(StringValue(root, kAddinKey, L"Description").has_value());
+    EXPECT_TRUE(StringValue(root, kAddinKey, L"Description")
+                    .value_or(L"")
+                    .starts_with(L"Tavrin " TAVRIN_VERSION L": "));
     EXPECT_EQ(DwordValue(root, kAddinKey, L"LoadBehavior"), 3u);
     EXPECT_EQ(DwordValue(root, kAddinKey, L"CommandLineSafe"), 0u);
   }
