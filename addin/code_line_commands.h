@@ -4,6 +4,8 @@
 // the Ui what it needs and inserts at the caret like the blocks do.
 #pragma once
 
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "addin/context.h"
@@ -25,6 +27,11 @@ void InsertExit(Context& context);
 // "ErrorHandling": the error-handler template merged into the procedure at
 // the caret; nothing outside a procedure.
 void InsertErrorHandling(Context& context);
+
+// The object expression of a With block: picked from the object variables
+// in scope in the list dialog ("" for "<Start Typing>"), else typed in the
+// input box; nullopt when cancelled.
+std::optional<std::string> AskWithObject(Context& context);
 
 // True for the command names above.
 bool IsCodeLineCommand(std::string_view command_name);

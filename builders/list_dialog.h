@@ -15,6 +15,10 @@ namespace tavrin::builders {
 inline constexpr std::string_view kListFilterId = "filter";
 inline constexpr std::string_view kListId = "list";
 
+// The placeholders of the code-line commands' lists.
+inline constexpr std::string_view kNewLabel = "<New Label>";
+inline constexpr std::string_view kStartTyping = "<Start Typing>";
+
 class ListDialog : public DialogModel {
  public:
   // `initial` is the entry selected at first; empty or absent: the first row.
