@@ -1,7 +1,8 @@
 // The code-line commands beyond the If, loop and With blocks: the Select
 // Case family, the error-handling lines, Exit, GoTo, Debug.Print and the
 // error handler merged into the procedure at the caret. Each asks through
-// the Ui what it needs and inserts at the caret like the blocks do.
+// the Ui (or, for GoTo and Resume, the list dialog) what it needs and
+// inserts at the caret like the blocks do.
 #pragma once
 
 #include <optional>

@@ -9,14 +9,14 @@ namespace tavrin::builders {
 namespace {
 
 bool IsNameChar(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-         c == '_' || static_cast<unsigned char>(c) >= 0x80;
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
+         static_cast<unsigned char>(c) >= 0x80;
 }
 
 bool IsObjectType(std::string_view type) {
   static constexpr std::array<std::string_view, 14> kSimple = {
-      "Byte", "Boolean", "Integer", "Long", "LongLong", "LongPtr", "Currency",
-      "Single", "Double", "Date", "String", "Variant", "Decimal", "Any"};
+      "Byte",   "Boolean", "Integer", "Long",   "LongLong", "LongPtr", "Currency",
+      "Single", "Double",  "Date",    "String", "Variant",  "Decimal", "Any"};
   if (type.empty()) return false;
   return std::none_of(kSimple.begin(), kSimple.end(),
                       [&](std::string_view simple) { return EqualsIgnoreCase(type, simple); });
@@ -80,8 +80,8 @@ void AddDeclared(std::string_view line, std::vector<std::string>& names) {
   }
   if (!declares) return;
   // "Private Function F() As Object" and the like declare no variable.
-  for (std::string_view keyword : {"Sub ", "Function ", "Property ", "Declare ", "Const ",
-                                   "Type ", "Enum ", "Event "}) {
+  for (std::string_view keyword :
+       {"Sub ", "Function ", "Property ", "Declare ", "Const ", "Type ", "Enum ", "Event "}) {
     if (StartsWithIgnoreCase(text, keyword)) return;
   }
   if (StartsWithIgnoreCase(text, "WithEvents ")) text = TrimLeftBlanks(text.substr(11));

@@ -35,9 +35,9 @@ struct Field {
   int selected = -1;  // index into items; -1: none
   bool enabled = true;
   bool visible = true;
-  std::string page;   // the tab page; empty: the dialog has no tabs
-  std::string group;  // the group box; empty: none
-  int rows = 1;       // height of a list or preview, in lines
+  std::string page;       // the tab page; empty: the dialog has no tabs
+  std::string group;      // the group box; empty: none
+  int rows = 1;           // height of a list or preview, in lines
   bool remember = false;  // the host keeps the value for the next showing
 };
 

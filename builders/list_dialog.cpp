@@ -52,8 +52,8 @@ void ListDialog::Refilter() {
   const auto kept = std::find(list.items.begin(), list.items.end(), before);
   if (typed)
     list.selected = static_cast<int>(list.items.size()) > first_match ? first_match
-                    : list.items.empty()                             ? -1
-                                                                     : 0;
+                    : list.items.empty()                              ? -1
+                                                                      : 0;
   else if (!before.empty() && kept != list.items.end())
     list.selected = static_cast<int>(kept - list.items.begin());
   else

@@ -82,7 +82,8 @@ TEST(ListDialogTest, TheScriptNamesOnlyWhatTheDialogHolds) {
   EXPECT_FALSE(host.Show(dialog));
   EXPECT_FALSE(host.Show(dialog));
   EXPECT_FALSE(host.Show(dialog));  // no script left
-  EXPECT_EQ(host.errors, (Strings{"GoTo: list has no item Missing", "GoTo: no usable field nowhere"}));
+  EXPECT_EQ(host.errors,
+            (Strings{"GoTo: list has no item Missing", "GoTo: no usable field nowhere"}));
   EXPECT_EQ(host.shown, (Strings{"GoTo", "GoTo", "GoTo"}));
 }
 
