@@ -8,6 +8,8 @@
 #include "addin/ignore_errors.h"
 #include "base/text.h"
 #include "base/utf8.h"
+#include "builders/code_scope.h"
+#include "builders/list_dialog.h"
 #include "codegen/code_line_snippets.h"
 #include "codegen/settings_environment.h"
 #include "codegen/template_merge.h"
@@ -93,7 +95,43 @@ void CheckErrorModule(Context& context, const codegen::TemplateSettings& setting
                         platform::kAppTitle);
 }
 
+// The label for GoTo or Resume, picked among the labels of the procedure at
+// the caret. "<New Label>" stands for a typed name, or for nothing: the user
+// goes on typing in the code.
+std::optional<std::string> PickLabel(Context& context, const codegen::LineCommand& command,
+                                     std::string_view title, const std::string& initial) {
+  std::vector<std::string> entries;
+  if (command.command_name == "Resume") entries.push_back("Next");
+  if (const auto procedure = ProcedureAtCaret(context)) {
+    for (std::string& label : builders::LabelsOf(procedure->def.ProcCode()))
+      entries.push_back(std::move(label));
+  }
+  builders::ListDialog dialog(std::string(title), std::string(command.prompt), entries,
+                              std::string(builders::kNewLabel), initial);
+  if (!context.dialogs->Show(dialog)) return std::nullopt;
+  return dialog.Choice();
+}
+
 }  // namespace
+
+std::optional<std::string> AskWithObject(Context& context) {
+  if (!context.dialogs) return context.ui.InputBox("Object expression", "With", "");
+  std::vector<std::string> objects;
+  IgnoreErrors([&] {
+    const auto pane = context.vbe.ActiveCodePane();
+    if (!pane) return;
+    const auto module = pane->CodeModule();
+    const int count = module->CountOfDeclarationLines();
+    const std::string declarations = count > 0 ? module->Lines(1, count) : "";
+    const auto procedure = ProcedureAtCaret(context);
+    objects = procedure ? builders::ObjectVariablesOf(declarations, procedure->def.ProcCode(),
+                                                      procedure->def.ProcArguments())
+                        : builders::ObjectVariablesOf(declarations, "", {});
+  });
+  builders::ListDialog dialog("With", "Object", objects, std::string(builders::kStartTyping));
+  if (!context.dialogs->Show(dialog)) return std::nullopt;
+  return dialog.Choice();
+}
 
 codegen::TemplateEnvironment TemplateEnvironmentOf(Context& context) {
   codegen::TemplateEnvironment environment;
@@ -152,8 +190,11 @@ void InsertLineCommand(Context& context, std::string_view command_name) {
     if (command->default_is_error_label) default_text = settings.error_label;
     if (command->default_is_exit_label) default_text = settings.exit_label;
     if (command->default_is_selection) default_text = SelectedText(context);
+    const bool lists_labels = command_name == "GoTo" || command_name == "Resume";
     const auto given =
-        context.ui.InputBox(command->prompt, TrimBlanks(command_name), default_text);
+        context.dialogs && lists_labels
+            ? PickLabel(context, *command, TrimBlanks(command_name), default_text)
+            : context.ui.InputBox(command->prompt, TrimBlanks(command_name), default_text);
     if (!given) return;
     answer = *given;
   }

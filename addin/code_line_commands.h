@@ -1,9 +1,12 @@
 // The code-line commands beyond the If, loop and With blocks: the Select
 // Case family, the error-handling lines, Exit, GoTo, Debug.Print and the
 // error handler merged into the procedure at the caret. Each asks through
-// the Ui what it needs and inserts at the caret like the blocks do.
+// the Ui (or, for GoTo and Resume, the list dialog) what it needs and
+// inserts at the caret like the blocks do.
 #pragma once
 
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "addin/context.h"
@@ -25,6 +28,11 @@ void InsertExit(Context& context);
 // "ErrorHandling": the error-handler template merged into the procedure at
 // the caret; nothing outside a procedure.
 void InsertErrorHandling(Context& context);
+
+// The object expression of a With block: picked from the object variables
+// in scope in the list dialog ("" for "<Start Typing>"), else typed in the
+// input box; nullopt when cancelled.
+std::optional<std::string> AskWithObject(Context& context);
 
 // True for the command names above.
 bool IsCodeLineCommand(std::string_view command_name);

@@ -19,10 +19,27 @@ void TypeBlank(Context& context) {
   IgnoreErrors([&] { context.vbe.SendKeys(" "); });
 }
 
-// The object expression of a With block. The add-in lets the user pick it
-// from the objects in scope; here it is asked for directly.
-std::optional<std::string> AskWithObject(Context& context) {
-  return context.ui.InputBox("Object expression", "With", "");
+// A With block at the caret; the caret goes to its body, or, when the
+// object is left to type, after "With ".
+void WithBlockAtCaret(Context& context, std::string_view object_text) {
+  const auto pane = context.vbe.ActiveCodePane();
+  if (!pane) return;
+  const std::string text = codegen::WithBlockText(object_text, Blanks(CaretMargin(context)),
+                                                  IndentString(context.ide_options));
+  IgnoreErrors([&] {
+    const auto module = pane->CodeModule();
+    const int line = pane->GetSelection().start_line;
+    if (line > module->CountOfLines()) module->InsertLines(line, "");
+    const bool replaces = IsBlankOrEmpty(module->Lines(line, 1));
+    if (replaces)
+      module->ReplaceLine(line, text);
+    else
+      module->InsertLines(line + 1, text);
+    const int with_line = replaces ? line : line + 1;
+    const int caret = object_text.empty() ? with_line : line + 1;
+    const int column = utf8::CharCount(module->Lines(caret, 1)) + 1;
+    pane->SetSelection({caret, column, caret, column});
+  });
 }
 
 }  // namespace
@@ -43,7 +60,9 @@ bool InsertCodeLines(Context& context, std::string_view command_name) {
   } else if (is_loop) {
     InsertLoopBlock(context, command_name);
   } else if (const auto object_text = AskWithObject(context)) {
-    InsertWithBlock(context, *object_text);
+    // An empty answer from the list is "<Start Typing>"; from the input box
+    // it inserts nothing, as before.
+    if (!object_text->empty() || context.dialogs) WithBlockAtCaret(context, *object_text);
   }
   return true;
 }
@@ -82,22 +101,8 @@ void InsertLoopBlock(Context& context, std::string_view command_name) {
 }
 
 bool InsertWithBlock(Context& context, std::string_view object_text) {
-  if (object_text.empty()) return false;
-  const auto pane = context.vbe.ActiveCodePane();
-  if (!pane) return false;
-  const std::string text = codegen::WithBlockText(object_text, Blanks(CaretMargin(context)),
-                                                  IndentString(context.ide_options));
-  IgnoreErrors([&] {
-    const auto module = pane->CodeModule();
-    const int line = pane->GetSelection().start_line;
-    if (line > module->CountOfLines()) module->InsertLines(line, "");
-    if (IsBlankOrEmpty(module->Lines(line, 1)))
-      module->ReplaceLine(line, text);
-    else
-      module->InsertLines(line + 1, text);
-    const int column = utf8::CharCount(module->Lines(line + 1, 1)) + 1;
-    pane->SetSelection({line + 1, column, line + 1, column});
-  });
+  if (object_text.empty() || !context.vbe.ActiveCodePane()) return false;
+  WithBlockAtCaret(context, object_text);
   return true;
 }
 

@@ -3,6 +3,7 @@
 // Context lives for one connection (or one run of the tool).
 #pragma once
 
+#include "builders/dialog.h"
 #include "fragments/settings.h"
 #include "ide/object_model.h"
 #include "platform/file_system.h"
@@ -19,6 +20,9 @@ struct Context {
   // builders use the settings' defaults and read no files.
   const fragments::Settings* settings = nullptr;
   platform::FileSystem* files = nullptr;
+  // Shows the builders' dialogs; while null the commands that have a dialog
+  // ask through the Ui's input box instead.
+  builders::DialogHost* dialogs = nullptr;
 };
 
 }  // namespace tavrin::addin
