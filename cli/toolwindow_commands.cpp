@@ -44,7 +44,7 @@ std::vector<toolwindows::Node> ProjectTree(const std::string &path) {
   platform::StdFileSystem files;
   const auto vbe = ide::memory::MemoryVbe::Create();
   if (auto opened = vbe->OpenProject(files, path); !opened.ok())
-    throw UsageError("cannot open '" + path + "': " + opened.error());
+    throw UsageError(opened.error());
   toolwindows::CodeExplorer explorer(*vbe);
   explorer.Build();
   return explorer.Tree();
