@@ -32,5 +32,8 @@ Command AddDeclCommand(CLI::App& app);
 Command AddProcedureCommand(CLI::App& app);
 Command AddHeaderCommand(CLI::App& app);
 Command AddTemplateCommand(CLI::App& app);
+Command AddTreeCommand(CLI::App& app);
+Command AddFindCommand(CLI::App& app);
+Command AddTabOrderCommand(CLI::App& app);
 
 }  // namespace tavrin::cli

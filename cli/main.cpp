@@ -45,7 +45,9 @@ int main(int argc, char **argv) {
       AddFoldersCommand(app),    AddIniCommand(app),
       AddCommandsCommand(app),   AddProcsCommand(app),
       AddDeclCommand(app),       AddProcedureCommand(app),
-      AddHeaderCommand(app),     AddTemplateCommand(app)};
+      AddHeaderCommand(app),     AddTemplateCommand(app),
+      AddTreeCommand(app),       AddFindCommand(app),
+      AddTabOrderCommand(app)};
 
   const std::vector<std::string> arguments = tavrin::platform::Utf8Arguments(argc, argv);
   std::vector<const char*> argument_pointers;

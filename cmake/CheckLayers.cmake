@@ -16,11 +16,12 @@ set(rank_codegen 6)
 set(rank_transform 6)
 set(rank_formtools 6)
 set(rank_builders 7)
+set(rank_toolwindows 7)
 set(rank_addin 8)
 set(rank_cli 9)
 set(rank_win 9)
 set(core_folders base platform resources ide ide/memory settings scan fragments codegen
-                 transform formtools builders addin cli win)
+                 transform formtools builders toolwindows addin cli win)
 
 set(problems "")
 foreach(folder IN LISTS core_folders)

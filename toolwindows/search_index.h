@@ -1,0 +1,48 @@
+// The search box's index: the names of the modules, procedures and
+// properties of the open projects, built once from the Code Explorer's tree
+// and queried per keystroke without reading the IDE again.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "toolwindows/code_explorer.h"
+
+namespace tavrin::toolwindows {
+
+// Best first.
+enum class MatchKind { kExact = 0, kPrefix = 1, kCamelHump = 2, kSubstring = 3, kNone = 4 };
+
+// How `query` matches `name`, case-insensitively. A camel-hump match takes
+// the start of each hump in turn ("gcn" or "GetCusN" find GetCustomerName);
+// humps start at a capital, after an underscore and at a digit run.
+MatchKind MatchName(std::string_view name, std::string_view query);
+
+struct SearchEntry {
+  std::string name;
+  NodeKind kind = NodeKind::kComponent;  // component, procedure, function or property
+  std::string project;
+  std::string component;
+  int line = 0;
+};
+
+struct SearchResult {
+  const SearchEntry* entry = nullptr;
+  MatchKind match = MatchKind::kNone;
+};
+
+class SearchIndex {
+ public:
+  explicit SearchIndex(const std::vector<Node>& tree);
+
+  // Matches ranked by match kind, then shorter names, then by name; at most
+  // `limit` of them.
+  std::vector<SearchResult> Find(std::string_view query, std::size_t limit = 100) const;
+  const std::vector<SearchEntry>& Entries() const { return entries_; }
+
+ private:
+  std::vector<SearchEntry> entries_;
+};
+
+}  // namespace tavrin::toolwindows
