@@ -101,7 +101,7 @@ void CheckErrorModule(Context& context, const codegen::TemplateSettings& setting
 std::optional<std::string> PickLabel(Context& context, const codegen::LineCommand& command,
                                      std::string_view title, const std::string& initial) {
   std::vector<std::string> entries;
-  if (command.command_name == "Resume") entries.push_back("Next");
+  if (command.labels == codegen::LabelChoice::kLabelsAndNext) entries.push_back("Next");
   if (const auto procedure = ProcedureAtCaret(context)) {
     for (std::string& label : builders::LabelsOf(procedure->def.ProcCode()))
       entries.push_back(std::move(label));
@@ -190,9 +190,8 @@ void InsertLineCommand(Context& context, std::string_view command_name) {
     if (command->default_is_error_label) default_text = settings.error_label;
     if (command->default_is_exit_label) default_text = settings.exit_label;
     if (command->default_is_selection) default_text = SelectedText(context);
-    const bool lists_labels = command_name == "GoTo" || command_name == "Resume";
     const auto given =
-        context.dialogs && lists_labels
+        context.dialogs && command->labels != codegen::LabelChoice::kNone
             ? PickLabel(context, *command, TrimBlanks(command_name), default_text)
             : context.ui.InputBox(command->prompt, TrimBlanks(command_name), default_text);
     if (!given) return;

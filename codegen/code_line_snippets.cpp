@@ -20,8 +20,8 @@ constexpr std::array<LineCommand, 6> kLineCommands = {{
     {"On Error GoTo 0", "", false, false, false},
     // An empty answer resumes at the failing statement; "Next" after it.
     {"Resume", "Label (empty: the failing statement; Next: the one after it)", true, false,
-     false},
-    {"GoTo", "Label", false, false, false},
+     false, LabelChoice::kLabelsAndNext},
+    {"GoTo", "Label", false, false, false, LabelChoice::kLabels},
     {"Debug.Print ", "Expression", false, false, true},
 }};
 

@@ -38,12 +38,17 @@ std::string StatementLine(std::string_view statement, std::string_view margin);
 
 // The one-line commands and the statement each writes, given the answer
 // the command asked for (empty when it asks nothing).
+// What the label list of a GoTo or Resume offers.
+enum class LabelChoice { kNone, kLabels, kLabelsAndNext };
+
 struct LineCommand {
   std::string_view command_name;
   std::string_view prompt;  // empty: asks nothing
   bool default_is_exit_label = false;
   bool default_is_error_label = false;
   bool default_is_selection = false;
+  // Picked from the procedure's labels when a list dialog is at hand.
+  LabelChoice labels = LabelChoice::kNone;
 };
 
 const LineCommand* LineCommandOf(std::string_view command_name);
