@@ -1,5 +1,6 @@
 # Fails when a Windows binary imports anything but system DLLs (the runtime
-# is linked in statically) or lacks one of the exports named.
+# is linked in statically), lacks one of the exports named, or exports a
+# decorated stdcall name.
 # Run with: cmake -DOBJDUMP=<objdump> -DBINARY=<file> [-DEXPORTS=a;b] -P CheckBinary.cmake
 cmake_policy(VERSION 3.25)
 
@@ -27,6 +28,13 @@ foreach(export IN LISTS EXPORTS)
   if(NOT dump MATCHES "\\] ${export}\n")
     string(APPEND problems "does not export ${export} (undecorated)\n")
   endif()
+endforeach()
+
+# A stdcall name left decorated ("Name@8") is found by no COM host.
+string(REGEX MATCHALL "\\] [A-Za-z_][A-Za-z_0-9]*@[0-9]+\n" decorated "${dump}")
+foreach(line IN LISTS decorated)
+  string(STRIP "${line}" line)
+  string(APPEND problems "exports a decorated name: ${line}\n")
 endforeach()
 
 if(problems)

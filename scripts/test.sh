@@ -2,7 +2,8 @@
 # Builds every target and runs every test: the Linux development build, the
 # sanitizer build, the fuzz targets (each for a short, fixed time), the
 # 64-bit Windows build with its tests under Wine, and the 32-bit Windows
-# build (built, not run: Wine here is 64-bit only).
+# build with the checks of its binaries (exports undecorated, system imports
+# only); its test programs are built, not run: Wine here is 64-bit only.
 # Each preset keeps its own build folder under build/, so a second run only
 # rebuilds what changed.
 set -euo pipefail
@@ -21,6 +22,7 @@ step bash scripts/install-deps.sh
 # The 32-bit build first, so the test summaries close the output.
 step cmake --preset win32
 step cmake --build --preset win32
+step ctest --preset win32
 
 for preset in dev asan fuzz win64; do
   step cmake --preset "$preset"

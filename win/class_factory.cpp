@@ -1,6 +1,7 @@
 #include "win/class_factory.h"
 
 #include "win/addin_identity.h"
+#include "win/calling_convention.h"
 #include "win/com_object.h"
 #include "win/connect.h"
 
@@ -43,6 +44,12 @@ class ConnectFactory final : public IClassFactory, public RefCounted {
  private:
   ~ConnectFactory() override = default;
 };
+
+static_assert(kImplements<kQueryInterface, &ConnectFactory::QueryInterface>);
+static_assert(kImplements<&IUnknown::AddRef, &ConnectFactory::AddRef>);
+static_assert(kImplements<&IUnknown::Release, &ConnectFactory::Release>);
+static_assert(kImplements<&IClassFactory::CreateInstance, &ConnectFactory::CreateInstance>);
+static_assert(kImplements<&IClassFactory::LockServer, &ConnectFactory::LockServer>);
 
 }  // namespace
 

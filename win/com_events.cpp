@@ -7,6 +7,7 @@
 #include <ocidl.h>
 
 #include "ide/events.h"
+#include "win/calling_convention.h"
 #include "win/com_guard.h"
 #include "win/com_ide_objects.h"
 #include "win/com_object.h"
@@ -152,6 +153,16 @@ class EventSink final : public IDispatch, public RefCounted {
   std::shared_ptr<Sink> sink_;
   Dispatch context_;
 };
+
+// The convention does not depend on the sink; one instance stands for all.
+using AnyEventSink = EventSink<ide::ICommandBarEventsSink>;
+static_assert(kImplements<kQueryInterface, &AnyEventSink::QueryInterface>);
+static_assert(kImplements<&IUnknown::AddRef, &AnyEventSink::AddRef>);
+static_assert(kImplements<&IUnknown::Release, &AnyEventSink::Release>);
+static_assert(kImplements<&IDispatch::GetTypeInfoCount, &AnyEventSink::GetTypeInfoCount>);
+static_assert(kImplements<&IDispatch::GetTypeInfo, &AnyEventSink::GetTypeInfo>);
+static_assert(kImplements<&IDispatch::GetIDsOfNames, &AnyEventSink::GetIDsOfNames>);
+static_assert(kImplements<&IDispatch::Invoke, &AnyEventSink::Invoke>);
 
 // The single connection point of an event source.
 ComPtr<IConnectionPoint> ConnectionPointOf(IDispatch* source) {

@@ -11,6 +11,7 @@
 
 #include "addin/connect.h"
 #include "platform/std_file_system.h"
+#include "win/calling_convention.h"
 #include "win/com_object.h"
 #include "win/com_ptr.h"
 #include "win/extensibility.h"
@@ -73,6 +74,19 @@ class Connect final : public IDTExtensibility2, public RefCounted {
     addin::Connect addin;
     std::optional<MessageTimer> watcher;
   };
+
+static_assert(kImplements<kQueryInterface, &Connect::QueryInterface>);
+static_assert(kImplements<&IUnknown::AddRef, &Connect::AddRef>);
+static_assert(kImplements<&IUnknown::Release, &Connect::Release>);
+static_assert(kImplements<&IDispatch::GetTypeInfoCount, &Connect::GetTypeInfoCount>);
+static_assert(kImplements<&IDispatch::GetTypeInfo, &Connect::GetTypeInfo>);
+static_assert(kImplements<&IDispatch::GetIDsOfNames, &Connect::GetIDsOfNames>);
+static_assert(kImplements<&IDispatch::Invoke, &Connect::Invoke>);
+static_assert(kImplements<&IDTExtensibility2::OnConnection, &Connect::OnConnection>);
+static_assert(kImplements<&IDTExtensibility2::OnDisconnection, &Connect::OnDisconnection>);
+static_assert(kImplements<&IDTExtensibility2::OnAddInsUpdate, &Connect::OnAddInsUpdate>);
+static_assert(kImplements<&IDTExtensibility2::OnStartupComplete, &Connect::OnStartupComplete>);
+static_assert(kImplements<&IDTExtensibility2::OnBeginShutdown, &Connect::OnBeginShutdown>);
   std::unique_ptr<Connection> connection_;
 };
 

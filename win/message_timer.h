@@ -5,6 +5,7 @@
 
 #include <functional>
 
+#include "win/calling_convention.h"
 #include "win/win_support.h"
 
 namespace tavrin::win {
@@ -21,6 +22,7 @@ class MessageTimer {
  private:
   static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wparam,
                                      LPARAM lparam) noexcept;
+  static_assert(kIsWindowProcedure<&WindowProc>);
 
   std::function<void()> tick_;
   bool ticking_ = false;  // a tick that pumps messages does not start another

@@ -4,6 +4,8 @@
 #include <cstring>
 #include <vector>
 
+#include "win/calling_convention.h"
+
 namespace tavrin::win {
 namespace {
 
@@ -156,6 +158,7 @@ INT_PTR CALLBACK InputBoxProc(HWND dialog, UINT message, WPARAM wparam,
   }
   return FALSE;
 }
+static_assert(kIsDialogProcedure<&InputBoxProc>);
 
 }  // namespace
 

@@ -3,6 +3,7 @@
 // regsvr32 /n /i:machine Tavrin.dll, elevated, for every user).
 #include <cwchar>
 #include <string>
+#include <type_traits>
 
 #include "win/class_factory.h"
 #include "win/com_guard.h"
@@ -56,3 +57,13 @@ STDAPI DllInstall(BOOL install, LPCWSTR command_line) {
 }
 
 }  // extern "C"
+
+// The loader, COM and regsvr32 find these by name and call them as below;
+// nothing else compares the types, so a wrong convention would only show on
+// 32-bit Windows.
+static_assert(std::is_convertible_v<decltype(&DllMain), BOOL(WINAPI*)(HINSTANCE, DWORD, LPVOID)>);
+static_assert(std::is_convertible_v<decltype(&DllGetClassObject), LPFNGETCLASSOBJECT>);
+static_assert(std::is_convertible_v<decltype(&DllCanUnloadNow), LPFNCANUNLOADNOW>);
+static_assert(std::is_convertible_v<decltype(&DllRegisterServer), HRESULT(STDAPICALLTYPE*)()>);
+static_assert(std::is_convertible_v<decltype(&DllUnregisterServer), HRESULT(STDAPICALLTYPE*)()>);
+static_assert(std::is_convertible_v<decltype(&DllInstall), HRESULT(STDAPICALLTYPE*)(BOOL, LPCWSTR)>);
