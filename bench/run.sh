@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Measures the tool on a generated module of about 10 MB and 270,000 lines
 # against peers on the same file, then runs the in-process benchmarks (IDE
-# calls per command, text work alone).
+# calls per command, text work alone, the tool windows on a project of
+# 250,000 lines).
 #   bash bench/run.sh
 # Each row: best wall time of three runs, its throughput, the peer's time,
 # the ratio the target is about, and the peak memory of the tool's process.
