@@ -7,46 +7,40 @@
 
 namespace tavrin::addin {
 
-void RunCodeLines(CommandHost &host, std::string_view command_name) {
+void RunCodeLines(CommandHost& host, std::string_view command_name) {
   InsertCodeLines(host.CommandContext(), command_name);
 }
 
-void RunAddProcedure(CommandHost &host, std::string_view) {
+void RunAddProcedure(CommandHost& host, std::string_view) {
   AddProcedure(host.CommandContext());
 }
 
-void OpenWebPage(CommandHost &host, std::string_view address) {
+void OpenWebPage(CommandHost& host, std::string_view address) {
   if (Status status = host.Shell().OpenDocument(address); !status) {
     host.CommandContext().ui.MessageBox(status.error(), platform::Buttons::kOk,
-                                        platform::Icon::kExclamation,
-                                        platform::kAppTitle);
+                                        platform::Icon::kExclamation, platform::kAppTitle);
   }
 }
 
-void RunShowToolWindow(CommandHost &host, std::string_view class_word) {
+void RunShowToolWindow(CommandHost& host, std::string_view class_word) {
   host.ShowToolWindow(class_word);
 }
 
-void RunLineNumbers(CommandHost &host, std::string_view add_or_remove) {
-  Context &context = host.CommandContext();
-  if (!IsCodePaneReady(context))
-    return;
-  LineNumbersCommand(context, add_or_remove == "Add" ? kLineNumbersAdd
-                                                     : kLineNumbersRemove);
+void RunLineNumbers(CommandHost& host, std::string_view add_or_remove) {
+  Context& context = host.CommandContext();
+  if (!IsCodePaneReady(context)) return;
+  LineNumbersCommand(context, add_or_remove == "Add" ? kLineNumbersAdd : kLineNumbersRemove);
 }
 
-void RunCommentLines(CommandHost &host, std::string_view command_name) {
-  Context &context = host.CommandContext();
-  if (IsCodePaneReady(context))
-    CommentLinesCommand(context, command_name);
+void RunCommentLines(CommandHost& host, std::string_view command_name) {
+  Context& context = host.CommandContext();
+  if (IsCodePaneReady(context)) CommentLinesCommand(context, command_name);
 }
 
-void RunSettingsDialog(CommandHost &host, std::string_view) {
-  host.ShowSettingsDialog();
-}
+void RunSettingsDialog(CommandHost& host, std::string_view) { host.ShowSettingsDialog(); }
 
-void RunVerifyShortcuts(CommandHost &host, std::string_view) {
+void RunVerifyShortcuts(CommandHost& host, std::string_view) {
   VerifyShortcutsCommand(host.CommandContext());
 }
 
-} // namespace tavrin::addin
+}  // namespace tavrin::addin

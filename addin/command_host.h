@@ -10,10 +10,10 @@
 namespace tavrin::addin {
 
 class CommandHost {
-public:
+ public:
   virtual ~CommandHost() = default;
-  virtual Context &CommandContext() = 0;
-  virtual platform::Shell &Shell() = 0;
+  virtual Context& CommandContext() = 0;
+  virtual platform::Shell& Shell() = 0;
   // Shows (creating it when needed) the tool window of that class word:
   // "TabOrder", "DirectAccess", "CodeExplorer".
   virtual void ShowToolWindow(std::string_view class_word) = 0;
@@ -22,18 +22,18 @@ public:
 };
 
 // A code-line snippet ("If Then", "ForNext", "With", ...) at the caret.
-void RunCodeLines(CommandHost &host, std::string_view command_name);
+void RunCodeLines(CommandHost& host, std::string_view command_name);
 // The procedure builder, when the context has a dialog host.
-void RunAddProcedure(CommandHost &host, std::string_view);
+void RunAddProcedure(CommandHost& host, std::string_view);
 // A page of the product's web site in the user's browser.
-void OpenWebPage(CommandHost &host, std::string_view address);
-void RunShowToolWindow(CommandHost &host, std::string_view class_word);
+void OpenWebPage(CommandHost& host, std::string_view address);
+void RunShowToolWindow(CommandHost& host, std::string_view class_word);
 // Line numbers over the selection: "Add" or "Remove".
-void RunLineNumbers(CommandHost &host, std::string_view add_or_remove);
+void RunLineNumbers(CommandHost& host, std::string_view add_or_remove);
 // Comment marks over the selection: "Comment Lines Add" or "... Remove".
-void RunCommentLines(CommandHost &host, std::string_view command_name);
-void RunSettingsDialog(CommandHost &host, std::string_view);
+void RunCommentLines(CommandHost& host, std::string_view command_name);
+void RunSettingsDialog(CommandHost& host, std::string_view);
 // The access-key check of the active form.
-void RunVerifyShortcuts(CommandHost &host, std::string_view);
+void RunVerifyShortcuts(CommandHost& host, std::string_view);
 
-} // namespace tavrin::addin
+}  // namespace tavrin::addin

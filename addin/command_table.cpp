@@ -14,13 +14,12 @@ using ide::ControlType;
 enum Flags : unsigned {
   kPlain = 0,
   kPicture = 1,
-  kGroup = 2,       // a separator before the control
-  kTestingOnly = 4, // only with the testing flag
+  kGroup = 2,        // a separator before the control
+  kTestingOnly = 4,  // only with the testing flag
 };
 
-constexpr CommandRow Entry(int depth, int caption_id, unsigned flags,
-                           std::string_view handler, Operation run = nullptr,
-                           std::string_view argument = {},
+constexpr CommandRow Entry(int depth, int caption_id, unsigned flags, std::string_view handler,
+                           Operation run = nullptr, std::string_view argument = {},
                            ControlType type = ControlType::kButton) {
   CommandRow row;
   row.depth = depth;
@@ -61,14 +60,12 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(0, 104, kPicture, "mnuhAddClass_Click"),
     Entry(0, 106, kPicture | kGroup, "mnuhCodeLines_Click"),
     Entry(0, 181, kPicture, "mnuhFragmentAdd_Click"),
-    Entry(0, 194, kPicture | kGroup, "mnuhDirectAccess_Click",
-          RunShowToolWindow, "DirectAccess"),
-    Entry(0, 195, kPicture, "mnuhCodeExplorer_Click", RunShowToolWindow,
-          "CodeExplorer"),
+    Entry(0, 194, kPicture | kGroup, "mnuhDirectAccess_Click", RunShowToolWindow, "DirectAccess"),
+    Entry(0, 195, kPicture, "mnuhCodeExplorer_Click", RunShowToolWindow, "CodeExplorer"),
 
     // "&Tavrin": every command.
     Popup(0, 122, kGroup),
-    Popup(1, 123), // "&Variable"
+    Popup(1, 123),  // "&Variable"
     Entry(2, 127, kPlain, "mnuhDimString_Click"),
     Entry(2, 128, kPlain, "mnuhDimByte_Click"),
     Entry(2, 129, kPlain, "mnuhDimBoolean_Click"),
@@ -84,7 +81,7 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(2, 145, kPlain, "mnuhTypeNew_Click"),
     Entry(2, 146, kPlain, "mnuhTypeAddItem_Click"),
     Entry(2, 103, kPicture | kGroup, "mnuhDimAdd_Click"),
-    Popup(1, 124), // "&Constant"
+    Popup(1, 124),  // "&Constant"
     Entry(2, 127, kPlain, "mnuhConstString_Click"),
     Entry(2, 128, kPlain, "mnuhConstByte_Click"),
     Entry(2, 129, kPlain, "mnuhConstBoolean_Click"),
@@ -99,7 +96,7 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(2, 147, kPlain, "mnuhEnumNew_Click"),
     Entry(2, 148, kPlain, "mnuhEnumAddItem_Click"),
     Entry(2, 102, kPicture | kGroup, "mnuhConstAdd_Click"),
-    Popup(1, 125), // "&Property"
+    Popup(1, 125),  // "&Property"
     Entry(2, 127, kPlain, "mnuhPropString_Click"),
     Entry(2, 128, kPlain, "mnuhPropByte_Click"),
     Entry(2, 129, kPlain, "mnuhPropBoolean_Click"),
@@ -120,48 +117,37 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(1, 101, kPicture, "mnuhTVRAddProcedure_Click", RunAddProcedure),
     Entry(1, 104, kPicture, "mnuhTVRAddClass_Click"),
     Entry(1, 183, kPicture | kTestingOnly, "mnuhTVRAddControl_Click"),
-    Popup(1, 140, kGroup), // "&If"
+    Popup(1, 140, kGroup),  // "&If"
     Entry(2, 154, kPlain, "mnuhIfThen_Click", RunCodeLines, "If Then"),
     Entry(2, 155, kPlain, "mnuhIfThenElse_Click", RunCodeLines, "If Then Else"),
-    Entry(2, 156, kPlain, "mnuhIfThenElseIf_Click", RunCodeLines,
-          "If Then Else If"),
-    Entry(2, 157, kPlain, "mnuhIfThenElseIfElse_Click", RunCodeLines,
-          "If Then ElseIf Else"),
-    Popup(1, 141), // "&Select"
+    Entry(2, 156, kPlain, "mnuhIfThenElseIf_Click", RunCodeLines, "If Then Else If"),
+    Entry(2, 157, kPlain, "mnuhIfThenElseIfElse_Click", RunCodeLines, "If Then ElseIf Else"),
+    Popup(1, 141),  // "&Select"
     Entry(2, 158, kPlain, "mnuhSelectCase_Click", RunCodeLines, "Select Case"),
-    Entry(2, 159, kPlain, "mnuhSelectCaseElse_Click", RunCodeLines,
-          "Select Case Else"),
-    Entry(2, 169, kPlain, "mnuhSelectCaseUcase_Click", RunCodeLines,
-          "Select Case UCase"),
+    Entry(2, 159, kPlain, "mnuhSelectCaseElse_Click", RunCodeLines, "Select Case Else"),
+    Entry(2, 169, kPlain, "mnuhSelectCaseUcase_Click", RunCodeLines, "Select Case UCase"),
     Entry(2, 160, kPlain, "mnuhSelectFromCustomEnum_Click"),
-    Popup(1, 142), // "&For/While"
+    Popup(1, 142),  // "&For/While"
     Entry(2, 163, kPlain, "mnuhForEachNext_Click", RunCodeLines, "ForEachNext"),
     Entry(2, 164, kPlain, "mnuhForNext_Click", RunCodeLines, "ForNext"),
     Entry(2, 143, kPlain, "mnuhWhile_Click", RunCodeLines, "While"),
-    Popup(2, 144), // "D&o"
-    Entry(3, 161, kPlain, "mnuhDoLoopWhile_Click", RunCodeLines,
-          "IfDoLoopWhile"),
-    Entry(3, 162, kPlain, "mnuhDoLoopUntil_Click", RunCodeLines,
-          "IfDoLoopUntil"),
+    Popup(2, 144),  // "D&o"
+    Entry(3, 161, kPlain, "mnuhDoLoopWhile_Click", RunCodeLines, "IfDoLoopWhile"),
+    Entry(3, 162, kPlain, "mnuhDoLoopUntil_Click", RunCodeLines, "IfDoLoopUntil"),
     Entry(1, 153, kPlain, "mnuhGoto_Click", RunCodeLines, "GoTo"),
-    Popup(1, 149), // "&Error"
-    Entry(2, 150, kPlain, "mnuhErrorGotoLabel_Click", RunCodeLines,
-          "On Error GoTo"),
-    Entry(2, 151, kPlain, "mnuhErrorResumeNext_Click", RunCodeLines,
-          "On Error Resume Next"),
-    Entry(2, 152, kPlain, "mnuhErrorGoto0_Click", RunCodeLines,
-          "On Error GoTo 0"),
+    Popup(1, 149),  // "&Error"
+    Entry(2, 150, kPlain, "mnuhErrorGotoLabel_Click", RunCodeLines, "On Error GoTo"),
+    Entry(2, 151, kPlain, "mnuhErrorResumeNext_Click", RunCodeLines, "On Error Resume Next"),
+    Entry(2, 152, kPlain, "mnuhErrorGoto0_Click", RunCodeLines, "On Error GoTo 0"),
     Entry(2, 168, kPlain, "mnuhErrorResume_Click", RunCodeLines, "Resume"),
     // Added as a drop-down, not a button, and kept so: users know it so.
-    Entry(2, 167, kGroup, "mnuhErrorHandling_Click", RunCodeLines,
-          "ErrorHandling", ControlType::kDropdown),
-    Popup(2, 188, kGroup), // "&Line Numbers"
+    Entry(2, 167, kGroup, "mnuhErrorHandling_Click", RunCodeLines, "ErrorHandling",
+          ControlType::kDropdown),
+    Popup(2, 188, kGroup),  // "&Line Numbers"
     Entry(3, 177, kPlain, "mnuhLineNumbersAdd_Click", RunLineNumbers, "Add"),
-    Entry(3, 178, kPlain, "mnuhLineNumbersRemove_Click", RunLineNumbers,
-          "Remove"),
-    Popup(2, 189, kGroup), // "&Comment Lines"
-    Entry(3, 177, kPlain, "mnuhCommentLinesAdd_Click", RunCommentLines,
-          kCommentLinesAdd),
+    Entry(3, 178, kPlain, "mnuhLineNumbersRemove_Click", RunLineNumbers, "Remove"),
+    Popup(2, 189, kGroup),  // "&Comment Lines"
+    Entry(3, 177, kPlain, "mnuhCommentLinesAdd_Click", RunCommentLines, kCommentLinesAdd),
     Entry(3, 178, kPlain, "mnuhCommentLinesRemove_Click", RunCommentLines,
           kCommentLinesRemove),
     Entry(2, 190, kGroup, "mnuhDebugPrint_Click", RunCodeLines, "Debug.Print "),
@@ -169,33 +155,27 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(1, 181, kPicture | kGroup, "mnuhTVRAddFragment_Click"),
     Entry(1, 184, kPlain, "mnuhTVRImportFile_Click"),
     Entry(1, 185, kPlain, "mnuhTVRExportFile_Click"),
-    Popup(1, 186, kGroup), // "&Tools"
+    Popup(1, 186, kGroup),  // "&Tools"
     Entry(2, 191, kPlain, "mnuhVerifyShortcuts_Click", RunVerifyShortcuts),
     Entry(2, 192, kPlain, "mnuhTabOrder_Click", RunShowToolWindow, "TabOrder"),
-    Entry(2, 194, kPicture, "mnuhShortcutsAndSearch_Click", RunShowToolWindow,
-          "DirectAccess"),
-    Entry(2, 195, kPicture, "mnuhTVRCodeExplorer_Click", RunShowToolWindow,
-          "CodeExplorer"),
+    Entry(2, 194, kPicture, "mnuhShortcutsAndSearch_Click", RunShowToolWindow, "DirectAccess"),
+    Entry(2, 195, kPicture, "mnuhTVRCodeExplorer_Click", RunShowToolWindow, "CodeExplorer"),
 
     // "Hel&p".
     Popup(0, 110, kGroup),
     Entry(1, 111, kPicture, "mnuhHelpContents_Click"),
-    Popup(1, 196), // "&Tip of the Day"
+    Popup(1, 196),  // "&Tip of the Day"
     Entry(2, 197, kPlain, "mnuhTipOfTheDayTavrinStartup_Click"),
     Entry(2, 198, kPlain, "mnuhTipOfTheDayVarBuilder_Click"),
     Entry(2, 199, kPlain, "mnuhTipOfTheDayCodelineBuilder_Click"),
     Entry(2, 200, kPlain, "mnuhTipOfTheDayFragmentBuilder_Click"),
     Entry(2, 401, kPlain, "mnuhTipOfTheDayProcBuilder_Click"),
     Entry(1, 109, kPlain, "mnuhSetting_Click", RunSettingsDialog),
-    Popup(1, 115, kGroup), // "&Website"
-    Entry(2, 117, kPlain, "mnuhWebSiteNewVersion_Click", OpenWebPage,
-          TAVRIN_SITE "version"),
-    Entry(2, 119, kPlain, "mnuhWebSiteSupport_Click", OpenWebPage,
-          TAVRIN_SITE "support"),
-    Entry(2, 120, kPlain, "mnuhWebSiteDownloads_Click", OpenWebPage,
-          TAVRIN_SITE "downloads"),
-    Entry(2, 121, kPlain, "mnuhWebSiteVBDir_Click", OpenWebPage,
-          TAVRIN_SITE "vbdirectory"),
+    Popup(1, 115, kGroup),  // "&Website"
+    Entry(2, 117, kPlain, "mnuhWebSiteNewVersion_Click", OpenWebPage, TAVRIN_SITE "version"),
+    Entry(2, 119, kPlain, "mnuhWebSiteSupport_Click", OpenWebPage, TAVRIN_SITE "support"),
+    Entry(2, 120, kPlain, "mnuhWebSiteDownloads_Click", OpenWebPage, TAVRIN_SITE "downloads"),
+    Entry(2, 121, kPlain, "mnuhWebSiteVBDir_Click", OpenWebPage, TAVRIN_SITE "vbdirectory"),
     Entry(1, 116, kPlain, "mnuhAbout_Click"),
 
     // "Tavrin Insert" in the code window's context menu: the builders that
@@ -204,24 +184,20 @@ constexpr auto kTable = std::to_array<CommandRow>({
     InCodeWindow(Entry(1, 106, kPicture, "mnuhTVRCodeLines_Click")),
     InCodeWindow(Entry(1, 181, kPicture, "mnuhTVRAddFragment_Click")),
     InCodeWindow(Entry(1, 182, kPicture, "mnuhTVRInsertVariable_Click")),
-    InCodeWindow(
-        Entry(1, 101, kPicture, "mnuhTVRAddProcedure_Click", RunAddProcedure)),
+    InCodeWindow(Entry(1, 101, kPicture, "mnuhTVRAddProcedure_Click", RunAddProcedure)),
 });
 
 #undef TAVRIN_SITE
 
-} // namespace
+}  // namespace
 
 std::span<const CommandRow> CommandTable() { return kTable; }
 
-const CommandRow *FindCommand(std::string_view handler) {
-  if (handler.empty())
-    return nullptr; // pop-ups have no handler
-  const auto found =
-      std::find_if(kTable.begin(), kTable.end(), [&](const CommandRow &row) {
-        return row.handler == handler;
-      });
+const CommandRow* FindCommand(std::string_view handler) {
+  if (handler.empty()) return nullptr;  // pop-ups have no handler
+  const auto found = std::find_if(kTable.begin(), kTable.end(),
+                                  [&](const CommandRow& row) { return row.handler == handler; });
   return found == kTable.end() ? nullptr : &*found;
 }
 
-} // namespace tavrin::addin
+}  // namespace tavrin::addin

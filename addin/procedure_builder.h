@@ -19,14 +19,12 @@ bool AddProcedure(Context &context);
 
 // The module the builder writes into: its kind, its name, and the classes
 // of the open projects.
-builders::ProcedureTarget ProcedureTargetOf(ide::IVbe &vbe,
-                                            ide::ICodeModule &module);
+builders::ProcedureTarget ProcedureTargetOf(ide::IVbe &vbe, ide::ICodeModule &module);
 
 // Inserts `code` into the module at the place for a caret on `caret_line`
 // (named `name`, of `kind`) and answers the line the caret goes to, its
 // first body line; raises ide::Error.
-int InsertProcedureText(ide::ICodeModule &module, int caret_line,
-                        const std::string &code, std::string_view name,
-                        ide::ProcKind kind);
+int InsertProcedureText(ide::ICodeModule &module, int caret_line, const std::string &code,
+                        std::string_view name, ide::ProcKind kind);
 
-} // namespace tavrin::addin
+}  // namespace tavrin::addin

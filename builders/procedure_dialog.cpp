@@ -12,86 +12,74 @@ namespace {
 using codegen::clsArgument;
 using settings::Item;
 
-constexpr std::array<std::string_view, 5> kKinds = {
-    "Sub", "Function", "Property Get", "Property Let", "Property Set"};
+constexpr std::array<std::string_view, 5> kKinds = {"Sub", "Function", "Property Get",
+                                                    "Property Let", "Property Set"};
 
 // The words a procedure or an argument may not be named.
 constexpr std::array<std::string_view, 62> kKeywords = {
-    "And",      "As",     "Boolean",    "ByRef",    "Byte",     "ByVal",
-    "Call",     "Case",   "Const",      "Currency", "Date",     "Declare",
-    "Dim",      "Do",     "Double",     "Each",     "Else",     "ElseIf",
-    "End",      "Enum",   "Eqv",        "Event",    "Exit",     "False",
-    "For",      "Friend", "Function",   "Get",      "GoSub",    "GoTo",
-    "If",       "Imp",    "Implements", "In",       "Integer",  "Is",
-    "Let",      "Like",   "Long",       "Loop",     "Me",       "Mod",
-    "New",      "Next",   "Not",        "Nothing",  "Object",   "On",
-    "Optional", "Or",     "ParamArray", "Private",  "Property", "Public",
-    "ReDim",    "Select", "Set",        "Static",   "String",   "Sub",
-    "Then",     "Type"};
+    "And",        "As",       "Boolean",    "ByRef",   "Byte",     "ByVal",   "Call",   "Case",
+    "Const",      "Currency", "Date",       "Declare", "Dim",      "Do",      "Double", "Each",
+    "Else",       "ElseIf",   "End",        "Enum",    "Eqv",      "Event",   "Exit",   "False",
+    "For",        "Friend",   "Function",   "Get",     "GoSub",    "GoTo",    "If",     "Imp",
+    "Implements", "In",       "Integer",    "Is",      "Let",      "Like",    "Long",   "Loop",
+    "Me",         "Mod",      "New",        "Next",    "Not",      "Nothing", "Object", "On",
+    "Optional",   "Or",       "ParamArray", "Private", "Property", "Public",  "ReDim",  "Select",
+    "Set",        "Static",   "String",     "Sub",     "Then",     "Type"};
 
 bool IsKeyword(std::string_view name) {
-  return std::any_of(
-      kKeywords.begin(), kKeywords.end(),
-      [&](std::string_view word) { return EqualsIgnoreCase(word, name); });
+  return std::any_of(kKeywords.begin(), kKeywords.end(),
+                     [&](std::string_view word) { return EqualsIgnoreCase(word, name); });
 }
 
 // Why a name cannot be used; nullopt when it can.
-std::optional<std::string> NameProblem(std::string_view what,
-                                       std::string_view name) {
+std::optional<std::string> NameProblem(std::string_view what, std::string_view name) {
   const std::string_view trimmed = TrimBlanks(name);
-  if (trimmed.empty())
-    return "Enter the " + std::string(what) + "'s name.";
+  if (trimmed.empty()) return "Enter the " + std::string(what) + "'s name.";
   if (trimmed.find_first_of(" \t") != std::string_view::npos)
     return "The " + std::string(what) + "'s name must not contain blanks.";
   if (IsKeyword(trimmed))
-    return "'" + std::string(trimmed) +
-           "' is a keyword and cannot be used as a name.";
+    return "'" + std::string(trimmed) + "' is a keyword and cannot be used as a name.";
   return std::nullopt;
 }
 
-Field Check(std::string id, std::string caption, bool on,
-            std::string group = "") {
+Field Check(std::string id, std::string caption, bool on, std::string group = "") {
   Field field = MakeField(std::move(id), FieldKind::kCheck, std::move(caption));
   field.checked = on;
   field.group = std::move(group);
   return field;
 }
 
-Field Choice(std::string id, FieldKind kind, std::string caption,
-             std::vector<std::string> items, int selected) {
+Field Choice(std::string id, FieldKind kind, std::string caption, std::vector<std::string> items,
+             int selected) {
   Field field = MakeField(std::move(id), kind, std::move(caption));
   field.items = std::move(items);
   field.selected = selected;
-  if (selected >= 0)
-    field.text = field.items[selected];
+  if (selected >= 0) field.text = field.items[selected];
   return field;
 }
 
 std::string Picked(const Field &field) {
-  if (field.selected >= 0 &&
-      field.selected < static_cast<int>(field.items.size()))
+  if (field.selected >= 0 && field.selected < static_cast<int>(field.items.size()))
     return field.items[field.selected];
   return field.text;
 }
 
-} // namespace
+}  // namespace
 
 const std::vector<std::string> &SimpleTypes() {
-  static const std::vector<std::string> types = {
-      "Boolean", "Byte",   "Currency", "Date",   "Double", "Integer",
-      "Long",    "Object", "Single",   "String", "Variant"};
+  static const std::vector<std::string> types = {"Boolean", "Byte",    "Currency", "Date",
+                                                 "Double",  "Integer", "Long",     "Object",
+                                                 "Single",  "String",  "Variant"};
   return types;
 }
 
 // The argument dialog.
 
-ArgumentDialog::ArgumentDialog(std::vector<std::string> types,
-                               clsArgument argument)
+ArgumentDialog::ArgumentDialog(std::vector<std::string> types, clsArgument argument)
     : argument_(std::move(argument)) {
   fields_.push_back(MakeField("name", FieldKind::kText, "&Name:"));
   fields_.back().text = argument_.Name;
-  fields_.push_back(
-      Choice("type", FieldKind::kCombo, "&Type:", std::move(types), -1));
+  fields_.push_back(Choice("type", FieldKind::kCombo, "&Type:", std::move(types), -1));
   fields_.back().text = argument_.Type_;
   fields_.push_back(Check("byval", "By&Val", argument_.IsByVal));
   fields_.push_back(Check("optional", "&Optional", argument_.IsOptional));
@@ -106,8 +94,7 @@ void ArgumentDialog::Enable() {
   const bool param_array = FindField(fields_, "paramarray")->checked;
   for (const char *id : {"type", "byval", "optional", "array"})
     FindField(fields_, id)->enabled = !param_array;
-  FindField(fields_, "default")->enabled =
-      !param_array && FindField(fields_, "optional")->checked;
+  FindField(fields_, "default")->enabled = !param_array && FindField(fields_, "optional")->checked;
 }
 
 void ArgumentDialog::Changed(std::string_view) { Enable(); }
@@ -118,16 +105,11 @@ clsArgument ArgumentDialog::Argument() {
   const Field &type = *FindField(fields_, "type");
   argument.Type_ = std::string(TrimBlanks(Picked(type)));
   argument.IsParamArray = FindField(fields_, "paramarray")->checked;
-  argument.IsByVal =
-      !argument.IsParamArray && FindField(fields_, "byval")->checked;
-  argument.IsOptional =
-      !argument.IsParamArray && FindField(fields_, "optional")->checked;
-  argument.IsArray =
-      !argument.IsParamArray && FindField(fields_, "array")->checked;
+  argument.IsByVal = !argument.IsParamArray && FindField(fields_, "byval")->checked;
+  argument.IsOptional = !argument.IsParamArray && FindField(fields_, "optional")->checked;
+  argument.IsArray = !argument.IsParamArray && FindField(fields_, "array")->checked;
   argument.DefaultValue =
-      argument.IsOptional
-          ? std::string(TrimBlanks(FindField(fields_, "default")->text))
-          : "";
+      argument.IsOptional ? std::string(TrimBlanks(FindField(fields_, "default")->text)) : "";
   return argument;
 }
 
@@ -139,8 +121,7 @@ std::optional<Refusal> ArgumentDialog::Accept() {
 
 // The procedure dialog.
 
-ProcedureDialog::ProcedureDialog(ProcedureTarget target,
-                                 const settings::ValueTable &values,
+ProcedureDialog::ProcedureDialog(ProcedureTarget target, const settings::ValueTable &values,
                                  codegen::TemplateEnvironment environment)
     : target_(std::move(target)), environment_(std::move(environment)) {
   const bool standard = target_.standard_module;
@@ -151,47 +132,38 @@ ProcedureDialog::ProcedureDialog(ProcedureTarget target,
   types.insert(types.end(), target_.classes.begin(), target_.classes.end());
 
   fields_.push_back(MakeField("name", FieldKind::kText, "&Name:"));
-  fields_.push_back(Choice("kind", FieldKind::kChoice,
-                           "&Kind:", {kKinds.begin(), kKinds.end()}, 0));
-  fields_.push_back(Choice("access", FieldKind::kChoice, "&Access:",
-                           {"Public", "Private", "Friend"}, standard ? 0 : 0));
+  fields_.push_back(
+      Choice("kind", FieldKind::kChoice, "&Kind:", {kKinds.begin(), kKinds.end()}, 0));
+  fields_.push_back(Choice("access", FieldKind::kChoice,
+                           "&Access:", {"Public", "Private", "Friend"}, standard ? 0 : 0));
   fields_.push_back(Check("static", "&Static", false));
-  fields_.push_back(Choice("returns", FieldKind::kCombo,
-                           "&Return type:", std::move(types), -1));
+  fields_.push_back(Choice("returns", FieldKind::kCombo, "&Return type:", std::move(types), -1));
   fields_.push_back(MakeField("arguments", FieldKind::kList, "Ar&guments:"));
   fields_.back().rows = 6;
   for (const char *id : {"add", "edit", "remove", "up", "down"}) {
-    static const std::map<std::string_view, std::string_view> captions = {
-        {"add", "A&dd..."},
-        {"edit", "&Edit..."},
-        {"remove", "Re&move"},
-        {"up", "Move &Up"},
-        {"down", "Move Do&wn"}};
-    fields_.push_back(
-        MakeField(id, FieldKind::kButton, std::string(captions.at(id))));
+    static const std::map<std::string_view, std::string_view> captions = {{"add", "A&dd..."},
+                                                                          {"edit", "&Edit..."},
+                                                                          {"remove", "Re&move"},
+                                                                          {"up", "Move &Up"},
+                                                                          {"down", "Move Do&wn"}};
+    fields_.push_back(MakeField(id, FieldKind::kButton, std::string(captions.at(id))));
   }
-  fields_.push_back(
-      MakeField("description", FieldKind::kText, "&Description:"));
+  fields_.push_back(MakeField("description", FieldKind::kText, "&Description:"));
   fields_.back().group = "Options";
-  fields_.push_back(
-      Check("header", "&Header",
-            yes(Item::kAddHeaderProcedure, Item::kAddHeaderMethod), "Options"));
-  fields_.push_back(Check(
-      "name_constant", "Name &constant",
-      yes(Item::kAddProcedureConstant, Item::kAddMethodConstant), "Options"));
+  fields_.push_back(Check("header", "&Header",
+                          yes(Item::kAddHeaderProcedure, Item::kAddHeaderMethod), "Options"));
+  fields_.push_back(Check("name_constant", "Name &constant",
+                          yes(Item::kAddProcedureConstant, Item::kAddMethodConstant), "Options"));
   const std::string handling =
-      values.Text(standard ? Item::kAddErrorHandlingProcedure
-                           : Item::kAddErrorHandlingMethod);
-  fields_.push_back(Check("error_handler", "Error &handler",
-                          !TrimBlanks(handling).empty(), "Options"));
-  fields_.push_back(Check("return_line", "Re&turn line",
-                          values.YesNo(Item::kAddReturnStatement), "Options"));
-  fields_.push_back(Check(
-      "hourglass", "Hour&glass",
-      yes(Item::kAddHourglassProcedure, Item::kAddHourglassMethod), "Options"));
+      values.Text(standard ? Item::kAddErrorHandlingProcedure : Item::kAddErrorHandlingMethod);
+  fields_.push_back(
+      Check("error_handler", "Error &handler", !TrimBlanks(handling).empty(), "Options"));
+  fields_.push_back(
+      Check("return_line", "Re&turn line", values.YesNo(Item::kAddReturnStatement), "Options"));
+  fields_.push_back(Check("hourglass", "Hour&glass",
+                          yes(Item::kAddHourglassProcedure, Item::kAddHourglassMethod), "Options"));
   fields_.push_back(Check("separate_lines", "Arguments on separate &lines",
-                          values.YesNo(Item::kArgumentsOnSeparateLines),
-                          "Options"));
+                          values.YesNo(Item::kArgumentsOnSeparateLines), "Options"));
   fields_.push_back(MakeField("preview", FieldKind::kPreview, "Preview:"));
   fields_.back().rows = 12;
   Refresh();
@@ -213,8 +185,7 @@ codegen::clsProcedure ProcedureDialog::Procedure() const {
   }
   procedure.Accessibility = Picked(F("access"));
   procedure.IsStatic = F("static").checked;
-  if (F("returns").enabled)
-    procedure.ReturnType = std::string(TrimBlanks(Picked(F("returns"))));
+  if (F("returns").enabled) procedure.ReturnType = std::string(TrimBlanks(Picked(F("returns"))));
   for (std::size_t i = 0; i < arguments_.size(); ++i) {
     clsArgument argument = arguments_[i];
     argument.Position = static_cast<std::int32_t>(i + 1);
@@ -224,12 +195,10 @@ codegen::clsProcedure ProcedureDialog::Procedure() const {
   procedure.AddHeader = F("header").checked;
   if (procedure.AddHeader && environment_.read_code_file)
     procedure.HeaderTemplate =
-        environment_.read_code_file(environment_.settings.procedure_header_file)
-            .value_or("");
+        environment_.read_code_file(environment_.settings.procedure_header_file).value_or("");
   procedure.AddProcNameConst = F("name_constant").checked;
   procedure.WithErrorHandler = F("error_handler").checked;
-  procedure.WithReturnLine =
-      F("return_line").checked && F("return_line").enabled;
+  procedure.WithReturnLine = F("return_line").checked && F("return_line").enabled;
   procedure.WithHourglass = F("hourglass").checked;
   procedure.Description = F("description").text;
   procedure.ModuleName = target_.module_name;
@@ -245,16 +214,14 @@ void ProcedureDialog::Refresh() {
   F("return_line").enabled = returns;
   Field &list = F("arguments");
   list.items.clear();
-  for (const clsArgument &argument : arguments_)
-    list.items.push_back(argument.ArgumentString());
+  for (const clsArgument &argument : arguments_) list.items.push_back(argument.ArgumentString());
   if (list.selected >= static_cast<int>(list.items.size()))
     list.selected = static_cast<int>(list.items.size()) - 1;
   const bool picked = list.selected >= 0;
   F("edit").enabled = picked;
   F("remove").enabled = picked;
   F("up").enabled = picked && list.selected > 0;
-  F("down").enabled =
-      picked && list.selected + 1 < static_cast<int>(list.items.size());
+  F("down").enabled = picked && list.selected + 1 < static_cast<int>(list.items.size());
   F("preview").text = Code();
 }
 
@@ -266,8 +233,7 @@ void ProcedureDialog::Pressed(std::string_view id, DialogHost &host) {
   const bool picked = at >= 0 && at < static_cast<int>(arguments_.size());
   std::vector<std::string> types = F("returns").items;
   if (id == "add" || (id == "edit" && picked)) {
-    ArgumentDialog dialog(std::move(types),
-                          id == "edit" ? arguments_[at] : clsArgument{});
+    ArgumentDialog dialog(std::move(types), id == "edit" ? arguments_[at] : clsArgument{});
     if (host.Show(dialog)) {
       if (id == "edit") {
         arguments_[at] = dialog.Argument();
@@ -281,8 +247,7 @@ void ProcedureDialog::Pressed(std::string_view id, DialogHost &host) {
   } else if (id == "up" && picked && at > 0) {
     std::swap(arguments_[at], arguments_[at - 1]);
     list.selected = at - 1;
-  } else if (id == "down" && picked &&
-             at + 1 < static_cast<int>(arguments_.size())) {
+  } else if (id == "down" && picked && at + 1 < static_cast<int>(arguments_.size())) {
     std::swap(arguments_[at], arguments_[at + 1]);
     list.selected = at + 1;
   }
@@ -290,19 +255,16 @@ void ProcedureDialog::Pressed(std::string_view id, DialogHost &host) {
 }
 
 std::optional<Refusal> ProcedureDialog::Accept() {
-  if (auto problem = NameProblem("procedure", F("name").text))
-    return Refusal{*problem, "name"};
+  if (auto problem = NameProblem("procedure", F("name").text)) return Refusal{*problem, "name"};
   for (std::size_t i = 0; i < arguments_.size(); ++i)
     for (std::size_t j = 0; j < i; ++j)
       if (EqualsIgnoreCase(arguments_[i].Name, arguments_[j].Name))
-        return Refusal{"The argument name '" + arguments_[i].Name +
-                           "' is used twice.",
+        return Refusal{"The argument name '" + arguments_[i].Name + "' is used twice.",
                        "arguments"};
   const codegen::clsProcedure procedure = Procedure();
-  if (const auto order = procedure.ArgumentsOrderIsBad();
-      order != codegen::kOrderValid)
+  if (const auto order = procedure.ArgumentsOrderIsBad(); order != codegen::kOrderValid)
     return Refusal{codegen::ArgumentOrderMessage(order), "arguments"};
   return std::nullopt;
 }
 
-} // namespace tavrin::builders
+}  // namespace tavrin::builders

@@ -16,14 +16,11 @@ inline constexpr std::string_view kArgumentDialogTitle = "Argument";
 inline constexpr std::string_view kProcedureDialogTitle = "Add Procedure";
 
 class ArgumentDialog : public DialogModel {
-public:
+ public:
   // `types`: the return-type combo's items; `argument`: the one edited.
-  ArgumentDialog(std::vector<std::string> types,
-                 codegen::clsArgument argument = {});
+  ArgumentDialog(std::vector<std::string> types, codegen::clsArgument argument = {});
 
-  std::string Title() const override {
-    return std::string(kArgumentDialogTitle);
-  }
+  std::string Title() const override { return std::string(kArgumentDialogTitle); }
   std::vector<Field> &Fields() override { return fields_; }
   void Changed(std::string_view id) override;
   std::optional<Refusal> Accept() override;
@@ -31,7 +28,7 @@ public:
   // The argument as the fields define it (Position left as given).
   codegen::clsArgument Argument();
 
-private:
+ private:
   void Enable();
 
   codegen::clsArgument argument_;
@@ -40,19 +37,17 @@ private:
 
 // What the builder needs to know of the module it writes into.
 struct ProcedureTarget {
-  bool standard_module = true;      // else a class, form or user control
-  std::vector<std::string> classes; // the classes of the open projects
+  bool standard_module = true;       // else a class, form or user control
+  std::vector<std::string> classes;  // the classes of the open projects
   std::string module_name;
 };
 
 class ProcedureDialog : public DialogModel {
-public:
+ public:
   ProcedureDialog(ProcedureTarget target, const settings::ValueTable &values,
                   codegen::TemplateEnvironment environment);
 
-  std::string Title() const override {
-    return std::string(kProcedureDialogTitle);
-  }
+  std::string Title() const override { return std::string(kProcedureDialogTitle); }
   std::vector<Field> &Fields() override { return fields_; }
   void Changed(std::string_view id) override;
   void Pressed(std::string_view id, DialogHost &host) override;
@@ -63,18 +58,18 @@ public:
   // The text the generator writes for it.
   std::string Code() const;
 
-private:
+ private:
   Field &F(std::string_view id) { return *FindField(fields_, id); }
   const Field &F(std::string_view id) const;
-  void Refresh(); // enables fields, rebuilds the list and the preview
+  void Refresh();  // enables fields, rebuilds the list and the preview
 
   ProcedureTarget target_;
   codegen::TemplateEnvironment environment_;
   std::vector<Field> fields_;
-  std::vector<codegen::clsArgument> arguments_; // in declaration order
+  std::vector<codegen::clsArgument> arguments_;  // in declaration order
 };
 
 // The simple types of the type combos.
 const std::vector<std::string> &SimpleTypes();
 
-} // namespace tavrin::builders
+}  // namespace tavrin::builders

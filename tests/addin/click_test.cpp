@@ -13,7 +13,7 @@ namespace tavrin::addin {
 namespace {
 
 class ClickTest : public ConnectTest {
-protected:
+ protected:
   void SetUp() override {
     files_.AddFile("/addin/vbcode/testing.txt", "");
     project_ = OpenProject();
@@ -24,19 +24,15 @@ protected:
 
   // Each click starts from the same module, the caret on a line the row's
   // command changes: numbers and comment marks to take off where it removes.
-  void ResetModule(const CommandRow &row) {
-    const bool removes_numbers =
-        row.run == RunLineNumbers && row.argument == "Remove";
-    const bool removes_marks =
-        row.run == RunCommentLines && row.argument == kCommentLinesRemove;
-    const std::string line = removes_numbers ? "10 x = 1"
-                             : removes_marks ? "'x = 1"
-                                             : "    x = 1";
+  void ResetModule(const CommandRow& row) {
+    const bool removes_numbers = row.run == RunLineNumbers && row.argument == "Remove";
+    const bool removes_marks = row.run == RunCommentLines && row.argument == kCommentLinesRemove;
+    const std::string line = removes_numbers ? "10 x = 1" : removes_marks ? "'x = 1" : "    x = 1";
     auto component = project_->Components().front();
     auto module = component->CodeModule();
     module->DeleteLines(1, module->CountOfLines());
     module->InsertLines(1, "Public Sub Main()\r\n" + line + "\r\nEnd Sub");
-    component->CodePane()->Show(); // a tool window may have taken the focus
+    component->CodePane()->Show();  // a tool window may have taken the focus
     component->CodePane()->SetSelection({2, 5, 2, 5});
   }
 
@@ -44,7 +40,7 @@ protected:
     return testing::CodeLines(*project_->Components().front()->CodeModule());
   }
   bool ToolWindowVisible(std::string_view class_word) {
-    for (const ToolWindowClass &window_class : kToolWindowClasses)
+    for (const ToolWindowClass& window_class : kToolWindowClasses)
       if (window_class.class_word == class_word)
         return connect_.Window(window_class).window->Visible();
     return false;
@@ -55,10 +51,9 @@ protected:
 
 TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
   std::set<Operation> seen;
-  for (const auto &bound : connect_.Controls()) {
-    const CommandRow &row = *bound.row;
-    if (row.IsPopup())
-      continue;
+  for (const auto& bound : connect_.Controls()) {
+    const CommandRow& row = *bound.row;
+    if (row.IsPopup()) continue;
     SCOPED_TRACE(std::string(row.handler));
     // The questions the code-line commands ask: ElseIf parts, a With object.
     ui_.input_answers = {std::string("1")};
@@ -67,7 +62,7 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
     const auto pages_before = shell_.opened.size();
     const auto boxes_before = ui_.boxes_shown.size();
     const int dialogs_before = settings_dialog_.shown;
-    for (const ToolWindowClass &window_class : kToolWindowClasses)
+    for (const ToolWindowClass& window_class : kToolWindowClasses)
       connect_.Window(window_class).window->SetVisible(false);
 
     ASSERT_NO_THROW(bound.control->Execute());
@@ -81,12 +76,10 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
     if (asks_for_form) {
       EXPECT_EQ(ui_.boxes_shown.back().text, "You must select a form!");
     }
-    EXPECT_EQ(settings_dialog_.shown,
-              dialogs_before + (row.run == RunSettingsDialog ? 1 : 0));
+    EXPECT_EQ(settings_dialog_.shown, dialogs_before + (row.run == RunSettingsDialog ? 1 : 0));
     seen.insert(row.run);
-    const bool edits_code = row.run == RunCodeLines ||
-                            row.run == RunLineNumbers ||
-                            row.run == RunCommentLines;
+    const bool edits_code =
+        row.run == RunCodeLines || row.run == RunLineNumbers || row.run == RunCommentLines;
     EXPECT_EQ(Code() != code_before, edits_code);
     if (row.run == OpenWebPage) {
       ASSERT_EQ(shell_.opened.size(), pages_before + 1);
@@ -98,16 +91,15 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
       EXPECT_TRUE(ToolWindowVisible(row.argument));
     }
   }
-  EXPECT_EQ(seen, (std::set<Operation>{nullptr, RunCodeLines, RunAddProcedure,
-                                       OpenWebPage, RunShowToolWindow,
-                                       RunLineNumbers, RunCommentLines,
+  EXPECT_EQ(seen, (std::set<Operation>{nullptr, RunCodeLines, RunAddProcedure, OpenWebPage,
+                                       RunShowToolWindow, RunLineNumbers, RunCommentLines,
                                        RunVerifyShortcuts, RunSettingsDialog}));
 }
 
 TEST_F(ClickTest, CodeCommandsDoNothingWithoutACodeWindow) {
   vbe_->ActivateWindow(vbe_->ImmediateWindow());
   const auto before = Code();
-  for (const auto &bound : connect_.Controls()) {
+  for (const auto& bound : connect_.Controls()) {
     const Operation run = bound.row->run;
     if (run == RunCodeLines || run == RunLineNumbers || run == RunCommentLines)
       bound.control->Execute();
@@ -118,29 +110,25 @@ TEST_F(ClickTest, CodeCommandsDoNothingWithoutACodeWindow) {
 }
 
 TEST_F(ClickTest, VerifyShortcutsChecksTheActiveForm) {
-  const auto form =
-      project_->AddComponent(ide::ComponentType::kVBForm, "frmMain", "");
+  const auto form = project_->AddComponent(ide::ComponentType::kVBForm, "frmMain", "");
   vbe_->ActivateWindow(form->DesignerWindow());
-  for (const auto &bound : connect_.Controls())
-    if (bound.row->run == RunVerifyShortcuts)
-      bound.control->Execute();
+  for (const auto& bound : connect_.Controls())
+    if (bound.row->run == RunVerifyShortcuts) bound.control->Execute();
   ASSERT_FALSE(ui_.boxes_shown.empty());
   EXPECT_EQ(ui_.boxes_shown.back().text, "All shortcuts are ok!");
   EXPECT_TRUE(ErrorsShown().empty());
 }
 
 TEST_F(ClickTest, AFailingHandlerIsReportedAndDoesNotEscape) {
-  const CommandRow *row = FindCommand("mnuhIfThenElseIf_Click");
+  const CommandRow* row = FindCommand("mnuhIfThenElseIf_Click");
   ASSERT_NE(row, nullptr);
   std::shared_ptr<ide::ICommandBarControl> control;
-  for (const auto &bound : connect_.Controls())
-    if (bound.row == row)
-      control = bound.control;
-  ui_.input_answers.clear(); // the question finds nobody to answer it
+  for (const auto& bound : connect_.Controls())
+    if (bound.row == row) control = bound.control;
+  ui_.input_answers.clear();  // the question finds nobody to answer it
   ASSERT_NO_THROW(control->Execute());
   ASSERT_EQ(ErrorsShown().size(), 1u);
-  EXPECT_TRUE(ErrorsShown()[0].starts_with("Error in mnuhIfThenElseIf_Click: "))
-      << ErrorsShown()[0];
+  EXPECT_TRUE(ErrorsShown()[0].starts_with("Error in mnuhIfThenElseIf_Click: ")) << ErrorsShown()[0];
 }
 
 TEST_F(ClickTest, ClicksAfterDisconnectionReachNothing) {
@@ -150,5 +138,5 @@ TEST_F(ClickTest, ClicksAfterDisconnectionReachNothing) {
   EXPECT_TRUE(ErrorsShown().empty());
 }
 
-} // namespace
-} // namespace tavrin::addin
+}  // namespace
+}  // namespace tavrin::addin

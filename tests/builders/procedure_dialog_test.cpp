@@ -33,7 +33,7 @@ TEST(ProcedureDialogTest, OptionsComeFromTheModuleKindsSection) {
   values.Set(Item::kAddReturnStatement, true);
   const struct {
     ide::ComponentType type;
-    std::string checks; // in kOptions' order
+    std::string checks;  // in kOptions' order
   } cases[] = {{ide::ComponentType::kStdModule, "xxxx.x"},
                {ide::ComponentType::kClassModule, ".....x"},
                {ide::ComponentType::kVBForm, ".....x"},
@@ -43,15 +43,13 @@ TEST(ProcedureDialogTest, OptionsComeFromTheModuleKindsSection) {
     const auto vbe = ide::memory::MemoryVbe::Create();
     const auto project = vbe->AddProject("Project1");
     project->AddComponent(ide::ComponentType::kClassModule, "clsCustomer", "");
-    const auto module =
-        project->AddComponent(c.type, "Target", "")->CodeModule();
+    const auto module = project->AddComponent(c.type, "Target", "")->CodeModule();
     ProcedureDialog dialog(ProcedureTargetOf(*vbe, *module), values, {});
     EXPECT_EQ(Checks(dialog), c.checks);
     const auto *returns = builders::FindField(dialog.Fields(), "returns");
-    EXPECT_EQ(returns->items.back(), c.type == ide::ComponentType::kClassModule
-                                         ? "Target"
-                                         : "clsCustomer");
-    EXPECT_FALSE(returns->enabled); // a Sub at first
+    EXPECT_EQ(returns->items.back(),
+              c.type == ide::ComponentType::kClassModule ? "Target" : "clsCustomer");
+    EXPECT_FALSE(returns->enabled);  // a Sub at first
   }
 }
 
@@ -61,10 +59,8 @@ TEST(ProcedureDialogTest, RefusesBadNamesAndArguments) {
     std::string message;
   } cases[] = {
       {{}, "Enter the procedure's name."},
-      {{A::Text("name", "Do It")},
-       "The procedure's name must not contain blanks."},
-      {{A::Text("name", "loop")},
-       "'loop' is a keyword and cannot be used as a name."},
+      {{A::Text("name", "Do It")}, "The procedure's name must not contain blanks."},
+      {{A::Text("name", "loop")}, "'loop' is a keyword and cannot be used as a name."},
       {{A::Text("name", "Go"), A::Press("add"), A::Press("add")},
        "The argument name 'n' is used twice."},
       {{A::Text("name", "Go"), A::Press("opt"), A::Press("add")},
@@ -78,14 +74,11 @@ TEST(ProcedureDialogTest, RefusesBadNamesAndArguments) {
     builders::DialogScript script;
     for (const A &step : c.script) {
       if (step.op == A::Op::kPress && step.id != "add") {
-        host.Answer("Argument",
-                    {A::Text("name", step.id),
-                     A::Check(step.id == "opt" ? "optional" : "paramarray"),
-                     A::Ok()});
+        host.Answer("Argument", {A::Text("name", step.id),
+                                 A::Check(step.id == "opt" ? "optional" : "paramarray"), A::Ok()});
         script.push_back(A::Press("add"));
       } else {
-        if (step.op == A::Op::kPress)
-          host.Answer("Argument", {A::Text("name", "n"), A::Ok()});
+        if (step.op == A::Op::kPress) host.Answer("Argument", {A::Text("name", "n"), A::Ok()});
         script.push_back(step);
       }
     }
@@ -104,19 +97,17 @@ TEST(ProcedureDialogTest, ArgumentDialogRefusesAnEmptyName) {
 }
 
 class AddProcedureTest : public CodePaneTest {
-protected:
+ protected:
   void SetUp() override { context_.dialogs = &host_; }
 
   // A Function with one ByVal argument and no options.
   void AnswerFunction() {
-    host_.Answer("Argument", {A::Text("name", "n"), A::Text("type", "Long"),
-                              A::Check("byval"), A::Ok()});
-    builders::DialogScript script = {
-        A::Text("name", "Twice"), A::Pick("kind", "Function"),
-        A::Pick("access", "Private"), A::Pick("returns", "Long"),
-        A::Press("add")};
-    for (const char *id : kOptions)
-      script.push_back(A::Check(id, false));
+    host_.Answer("Argument",
+                 {A::Text("name", "n"), A::Text("type", "Long"), A::Check("byval"), A::Ok()});
+    builders::DialogScript script = {A::Text("name", "Twice"), A::Pick("kind", "Function"),
+                                     A::Pick("access", "Private"), A::Pick("returns", "Long"),
+                                     A::Press("add")};
+    for (const char *id : kOptions) script.push_back(A::Check(id, false));
     script.push_back(A::Ok());
     host_.Answer("Add Procedure", script);
   }
@@ -125,13 +116,12 @@ protected:
 
 const Lines kModule = {"Option Explicit", "", "Sub A()", "    x = 1",
                        "End Sub",         "", "Sub B()", "End Sub"};
-const Lines kFunction = {"Private Function Twice(ByVal n As Long) As Long", "",
-                         "End Function"};
+const Lines kFunction = {"Private Function Twice(ByVal n As Long) As Long", "", "End Function"};
 
 TEST_F(AddProcedureTest, InsertsBelowTheProcedureAtTheCaret) {
   const struct {
     int caret_line;
-    int at; // the line the procedure starts on
+    int at;  // the line the procedure starts on
   } cases[] = {{4, 6}, {1, 2}, {8, 9}};
   for (const auto &c : cases) {
     SCOPED_TRACE(c.caret_line);
@@ -161,10 +151,9 @@ TEST_F(AddProcedureTest, PreviewIsTheInsertedText) {
   ProcedureDialog dialog({}, settings::ValueTable{}, {});
   builders::FindField(dialog.Fields(), "name")->text = "Go";
   dialog.Changed("name");
-  EXPECT_EQ(builders::FindField(dialog.Fields(), "preview")->text,
-            dialog.Code());
+  EXPECT_EQ(builders::FindField(dialog.Fields(), "preview")->text, dialog.Code());
   EXPECT_NE(dialog.Code().find("Public Sub Go()"), std::string::npos);
 }
 
-} // namespace
-} // namespace tavrin::addin
+}  // namespace
+}  // namespace tavrin::addin
