@@ -10,7 +10,7 @@ namespace tavrin::addin {
 namespace {
 
 // The classes of the open projects, for the return-type combo.
-std::vector<std::string> OpenClasses(ide::IVbe &vbe) {
+std::vector<std::string> OpenClasses(ide::IVbe& vbe) {
   std::vector<std::string> classes;
   const auto projects = vbe.VBProjects();
   for (int p = 1; p <= projects->Count(); ++p) {
@@ -26,7 +26,7 @@ std::vector<std::string> OpenClasses(ide::IVbe &vbe) {
 
 }  // namespace
 
-builders::ProcedureTarget ProcedureTargetOf(ide::IVbe &vbe, ide::ICodeModule &module) {
+builders::ProcedureTarget ProcedureTargetOf(ide::IVbe& vbe, ide::ICodeModule& module) {
   const auto component = module.Parent();
   builders::ProcedureTarget target;
   target.standard_module = component->Type() == ide::ComponentType::kStdModule;
@@ -35,7 +35,7 @@ builders::ProcedureTarget ProcedureTargetOf(ide::IVbe &vbe, ide::ICodeModule &mo
   return target;
 }
 
-int InsertProcedureText(ide::ICodeModule &module, int caret_line, const std::string &code,
+int InsertProcedureText(ide::ICodeModule& module, int caret_line, const std::string& code,
                         std::string_view name, ide::ProcKind kind) {
   const int count = module.CountOfLines();
   int line = count + 1;  // after the last procedure
@@ -56,7 +56,7 @@ int InsertProcedureText(ide::ICodeModule &module, int caret_line, const std::str
   return at + 1;
 }
 
-bool AddProcedure(Context &context) {
+bool AddProcedure(Context& context) {
   if (!context.dialogs || !IsCodePaneReady(context)) return false;
   const auto pane = context.vbe.ActiveCodePane();
   try {
@@ -77,7 +77,7 @@ bool AddProcedure(Context &context) {
     const int column = utf8::CharCount(module->Lines(caret, 1)) + 1;
     pane->SetSelection({caret, column, caret, column});
     return true;
-  } catch (const ide::Error &error) {
+  } catch (const ide::Error& error) {
     context.ui.MessageBox(error.what(), platform::Buttons::kOk, platform::Icon::kExclamation,
                           platform::kAppTitle);
     return false;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <map>
 
 #include "base/text.h"
 
@@ -58,7 +57,7 @@ Field Choice(std::string id, FieldKind kind, std::string caption, std::vector<st
   return field;
 }
 
-std::string Picked(const Field &field) {
+std::string Picked(const Field& field) {
   if (field.selected >= 0 && field.selected < static_cast<int>(field.items.size()))
     return field.items[field.selected];
   return field.text;
@@ -66,7 +65,7 @@ std::string Picked(const Field &field) {
 
 }  // namespace
 
-const std::vector<std::string> &SimpleTypes() {
+const std::vector<std::string>& SimpleTypes() {
   static const std::vector<std::string> types = {"Boolean", "Byte",    "Currency", "Date",
                                                  "Double",  "Integer", "Long",     "Object",
                                                  "Single",  "String",  "Variant"};
@@ -92,7 +91,7 @@ ArgumentDialog::ArgumentDialog(std::vector<std::string> types, clsArgument argum
 
 void ArgumentDialog::Enable() {
   const bool param_array = FindField(fields_, "paramarray")->checked;
-  for (const char *id : {"type", "byval", "optional", "array"})
+  for (const char* id : {"type", "byval", "optional", "array"})
     FindField(fields_, id)->enabled = !param_array;
   FindField(fields_, "default")->enabled = !param_array && FindField(fields_, "optional")->checked;
 }
@@ -102,7 +101,7 @@ void ArgumentDialog::Changed(std::string_view) { Enable(); }
 clsArgument ArgumentDialog::Argument() {
   clsArgument argument = argument_;
   argument.Name = std::string(TrimBlanks(FindField(fields_, "name")->text));
-  const Field &type = *FindField(fields_, "type");
+  const Field& type = *FindField(fields_, "type");
   argument.Type_ = std::string(TrimBlanks(Picked(type)));
   argument.IsParamArray = FindField(fields_, "paramarray")->checked;
   argument.IsByVal = !argument.IsParamArray && FindField(fields_, "byval")->checked;
@@ -121,7 +120,7 @@ std::optional<Refusal> ArgumentDialog::Accept() {
 
 // The procedure dialog.
 
-ProcedureDialog::ProcedureDialog(ProcedureTarget target, const settings::ValueTable &values,
+ProcedureDialog::ProcedureDialog(ProcedureTarget target, const settings::ValueTable& values,
                                  codegen::TemplateEnvironment environment)
     : target_(std::move(target)), environment_(std::move(environment)) {
   const bool standard = target_.standard_module;
@@ -134,20 +133,19 @@ ProcedureDialog::ProcedureDialog(ProcedureTarget target, const settings::ValueTa
   fields_.push_back(MakeField("name", FieldKind::kText, "&Name:"));
   fields_.push_back(
       Choice("kind", FieldKind::kChoice, "&Kind:", {kKinds.begin(), kKinds.end()}, 0));
-  fields_.push_back(Choice("access", FieldKind::kChoice,
-                           "&Access:", {"Public", "Private", "Friend"}, standard ? 0 : 0));
+  fields_.push_back(
+      Choice("access", FieldKind::kChoice, "&Access:", {"Public", "Private", "Friend"}, 0));
   fields_.push_back(Check("static", "&Static", false));
   fields_.push_back(Choice("returns", FieldKind::kCombo, "&Return type:", std::move(types), -1));
   fields_.push_back(MakeField("arguments", FieldKind::kList, "Ar&guments:"));
   fields_.back().rows = 6;
-  for (const char *id : {"add", "edit", "remove", "up", "down"}) {
-    static const std::map<std::string_view, std::string_view> captions = {{"add", "A&dd..."},
-                                                                          {"edit", "&Edit..."},
-                                                                          {"remove", "Re&move"},
-                                                                          {"up", "Move &Up"},
-                                                                          {"down", "Move Do&wn"}};
-    fields_.push_back(MakeField(id, FieldKind::kButton, std::string(captions.at(id))));
-  }
+  const std::pair<const char*, const char*> buttons[] = {{"add", "A&dd..."},
+                                                         {"edit", "&Edit..."},
+                                                         {"remove", "Re&move"},
+                                                         {"up", "Move &Up"},
+                                                         {"down", "Move Do&wn"}};
+  for (const auto& [id, caption] : buttons)
+    fields_.push_back(MakeField(id, FieldKind::kButton, caption));
   fields_.push_back(MakeField("description", FieldKind::kText, "&Description:"));
   fields_.back().group = "Options";
   fields_.push_back(Check("header", "&Header",
@@ -169,8 +167,8 @@ ProcedureDialog::ProcedureDialog(ProcedureTarget target, const settings::ValueTa
   Refresh();
 }
 
-const Field &ProcedureDialog::F(std::string_view id) const {
-  return *FindField(const_cast<std::vector<Field> &>(fields_), id);
+const Field& ProcedureDialog::F(std::string_view id) const {
+  return *FindField(const_cast<std::vector<Field>&>(fields_), id);
 }
 
 codegen::clsProcedure ProcedureDialog::Procedure() const {
@@ -212,9 +210,9 @@ void ProcedureDialog::Refresh() {
   const bool returns = kind == "Function" || kind == "Property Get";
   F("returns").enabled = returns;
   F("return_line").enabled = returns;
-  Field &list = F("arguments");
+  Field& list = F("arguments");
   list.items.clear();
-  for (const clsArgument &argument : arguments_) list.items.push_back(argument.ArgumentString());
+  for (const clsArgument& argument : arguments_) list.items.push_back(argument.ArgumentString());
   if (list.selected >= static_cast<int>(list.items.size()))
     list.selected = static_cast<int>(list.items.size()) - 1;
   const bool picked = list.selected >= 0;
@@ -227,8 +225,8 @@ void ProcedureDialog::Refresh() {
 
 void ProcedureDialog::Changed(std::string_view) { Refresh(); }
 
-void ProcedureDialog::Pressed(std::string_view id, DialogHost &host) {
-  Field &list = F("arguments");
+void ProcedureDialog::Pressed(std::string_view id, DialogHost& host) {
+  Field& list = F("arguments");
   const int at = list.selected;
   const bool picked = at >= 0 && at < static_cast<int>(arguments_.size());
   std::vector<std::string> types = F("returns").items;

@@ -21,7 +21,7 @@ class ArgumentDialog : public DialogModel {
   ArgumentDialog(std::vector<std::string> types, codegen::clsArgument argument = {});
 
   std::string Title() const override { return std::string(kArgumentDialogTitle); }
-  std::vector<Field> &Fields() override { return fields_; }
+  std::vector<Field>& Fields() override { return fields_; }
   void Changed(std::string_view id) override;
   std::optional<Refusal> Accept() override;
 
@@ -44,13 +44,13 @@ struct ProcedureTarget {
 
 class ProcedureDialog : public DialogModel {
  public:
-  ProcedureDialog(ProcedureTarget target, const settings::ValueTable &values,
+  ProcedureDialog(ProcedureTarget target, const settings::ValueTable& values,
                   codegen::TemplateEnvironment environment);
 
   std::string Title() const override { return std::string(kProcedureDialogTitle); }
-  std::vector<Field> &Fields() override { return fields_; }
+  std::vector<Field>& Fields() override { return fields_; }
   void Changed(std::string_view id) override;
-  void Pressed(std::string_view id, DialogHost &host) override;
+  void Pressed(std::string_view id, DialogHost& host) override;
   std::optional<Refusal> Accept() override;
 
   // The procedure as the fields define it.
@@ -59,8 +59,8 @@ class ProcedureDialog : public DialogModel {
   std::string Code() const;
 
  private:
-  Field &F(std::string_view id) { return *FindField(fields_, id); }
-  const Field &F(std::string_view id) const;
+  Field& F(std::string_view id) { return *FindField(fields_, id); }
+  const Field& F(std::string_view id) const;
   void Refresh();  // enables fields, rebuilds the list and the preview
 
   ProcedureTarget target_;
@@ -70,6 +70,6 @@ class ProcedureDialog : public DialogModel {
 };
 
 // The simple types of the type combos.
-const std::vector<std::string> &SimpleTypes();
+const std::vector<std::string>& SimpleTypes();
 
 }  // namespace tavrin::builders

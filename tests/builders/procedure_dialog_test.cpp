@@ -13,12 +13,12 @@ using A = builders::DialogAction;
 using builders::ProcedureDialog;
 using settings::Item;
 
-const char *const kOptions[] = {"header",    "name_constant",  "error_handler",
+const char* const kOptions[] = {"header",    "name_constant",  "error_handler",
                                 "hourglass", "separate_lines", "return_line"};
 
-std::string Checks(ProcedureDialog &dialog) {
+std::string Checks(ProcedureDialog& dialog) {
   std::string marks;
-  for (const char *id : kOptions)
+  for (const char* id : kOptions)
     marks += builders::FindField(dialog.Fields(), id)->checked ? 'x' : '.';
   return marks;
 }
@@ -38,7 +38,7 @@ TEST(ProcedureDialogTest, OptionsComeFromTheModuleKindsSection) {
                {ide::ComponentType::kClassModule, ".....x"},
                {ide::ComponentType::kVBForm, ".....x"},
                {ide::ComponentType::kUserControl, ".....x"}};
-  for (const auto &c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(static_cast<int>(c.type));
     const auto vbe = ide::memory::MemoryVbe::Create();
     const auto project = vbe->AddProject("Project1");
@@ -46,7 +46,7 @@ TEST(ProcedureDialogTest, OptionsComeFromTheModuleKindsSection) {
     const auto module = project->AddComponent(c.type, "Target", "")->CodeModule();
     ProcedureDialog dialog(ProcedureTargetOf(*vbe, *module), values, {});
     EXPECT_EQ(Checks(dialog), c.checks);
-    const auto *returns = builders::FindField(dialog.Fields(), "returns");
+    const auto* returns = builders::FindField(dialog.Fields(), "returns");
     EXPECT_EQ(returns->items.back(),
               c.type == ide::ComponentType::kClassModule ? "Target" : "clsCustomer");
     EXPECT_FALSE(returns->enabled);  // a Sub at first
@@ -68,11 +68,11 @@ TEST(ProcedureDialogTest, RefusesBadNamesAndArguments) {
       {{A::Text("name", "Go"), A::Press("param"), A::Press("add")},
        codegen::ArgumentOrderMessage(codegen::kArgumentAfterParamArray)},
   };
-  for (const auto &c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.message);
     builders::ScriptedDialogHost host;
     builders::DialogScript script;
-    for (const A &step : c.script) {
+    for (const A& step : c.script) {
       if (step.op == A::Op::kPress && step.id != "add") {
         host.Answer("Argument", {A::Text("name", step.id),
                                  A::Check(step.id == "opt" ? "optional" : "paramarray"), A::Ok()});
@@ -107,7 +107,7 @@ class AddProcedureTest : public CodePaneTest {
     builders::DialogScript script = {A::Text("name", "Twice"), A::Pick("kind", "Function"),
                                      A::Pick("access", "Private"), A::Pick("returns", "Long"),
                                      A::Press("add")};
-    for (const char *id : kOptions) script.push_back(A::Check(id, false));
+    for (const char* id : kOptions) script.push_back(A::Check(id, false));
     script.push_back(A::Ok());
     host_.Answer("Add Procedure", script);
   }
@@ -123,7 +123,7 @@ TEST_F(AddProcedureTest, InsertsBelowTheProcedureAtTheCaret) {
     int caret_line;
     int at;  // the line the procedure starts on
   } cases[] = {{4, 6}, {1, 2}, {8, 9}};
-  for (const auto &c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.caret_line);
     vbe_ = ide::memory::MemoryVbe::Create();
     Context context{*vbe_, ui_, options_};
