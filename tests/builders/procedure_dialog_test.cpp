@@ -91,6 +91,40 @@ TEST(ProcedureDialogTest, RefusesBadNamesAndArguments) {
   }
 }
 
+TEST(ProcedureDialogTest, ButtonsEditTheArgumentList) {
+  const struct {
+    builders::DialogScript steps;  // after adding a, b and c
+    std::vector<std::string> items;
+  } cases[] = {
+      {{}, {"a", "b", "c"}},
+      {{A::Press("up")}, {"a", "c", "b"}},
+      {{A::Press("up"), A::Press("up")}, {"c", "a", "b"}},
+      {{A::Pick("arguments", "a"), A::Press("down")}, {"b", "a", "c"}},
+      {{A::Pick("arguments", "b"), A::Press("remove")}, {"a", "c"}},
+      {{A::Pick("arguments", "a"), A::Press("edit")}, {"ByVal x As Long", "b", "c"}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.items[0]);
+    builders::ScriptedDialogHost host;
+    builders::DialogScript script;
+    for (const char* name : {"a", "b", "c"}) {
+      host.Answer("Argument", {A::Text("name", name), A::Ok()});
+      script.push_back(A::Press("add"));
+    }
+    host.Answer("Argument",
+                {A::Text("name", "x"), A::Text("type", "Long"), A::Check("byval"), A::Ok()});
+    script.insert(script.end(), c.steps.begin(), c.steps.end());
+    script.push_back(A::Text("name", "Go"));
+    script.push_back(A::Ok());
+    host.Answer("Add Procedure", script);
+    ProcedureDialog dialog({}, settings::ValueTable{}, {});
+    EXPECT_TRUE(host.Show(dialog));
+    EXPECT_EQ(builders::FindField(dialog.Fields(), "arguments")->items, c.items);
+    EXPECT_EQ(builders::FindField(dialog.Fields(), "preview")->text, dialog.Code());
+    EXPECT_TRUE(host.errors.empty()) << host.errors[0];
+  }
+}
+
 TEST(ProcedureDialogTest, ArgumentDialogRefusesAnEmptyName) {
   builders::ArgumentDialog dialog(builders::SimpleTypes());
   EXPECT_EQ(dialog.Accept()->message, "Enter the argument's name.");
