@@ -2,12 +2,17 @@
 
 #include "addin/code_lines.h"
 #include "addin/code_pane.h"
+#include "addin/procedure_builder.h"
 #include "addin/tool_commands.h"
 
 namespace tavrin::addin {
 
 void RunCodeLines(CommandHost& host, std::string_view command_name) {
   InsertCodeLines(host.CommandContext(), command_name);
+}
+
+void RunAddProcedure(CommandHost& host, std::string_view) {
+  AddProcedure(host.CommandContext());
 }
 
 void OpenWebPage(CommandHost& host, std::string_view address) {

@@ -23,6 +23,8 @@ class CommandHost {
 
 // A code-line snippet ("If Then", "ForNext", "With", ...) at the caret.
 void RunCodeLines(CommandHost& host, std::string_view command_name);
+// The procedure builder, when the context has a dialog host.
+void RunAddProcedure(CommandHost& host, std::string_view);
 // A page of the product's web site in the user's browser.
 void OpenWebPage(CommandHost& host, std::string_view address);
 void RunShowToolWindow(CommandHost& host, std::string_view class_word);

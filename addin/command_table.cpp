@@ -56,7 +56,7 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(0, 105, kPicture, "mnuhAddProperty_Click"),
     Entry(0, 183, kPicture, "mnuhControlAdd_Click"),
     Entry(0, 182, kPicture, "mnuhInsertVariable_Click"),
-    Entry(0, 101, kPicture | kGroup, "mnuhAddProcedure_Click"),
+    Entry(0, 101, kPicture | kGroup, "mnuhAddProcedure_Click", RunAddProcedure),
     Entry(0, 104, kPicture, "mnuhAddClass_Click"),
     Entry(0, 106, kPicture | kGroup, "mnuhCodeLines_Click"),
     Entry(0, 181, kPicture, "mnuhFragmentAdd_Click"),
@@ -114,7 +114,7 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(1, 193, kPlain, "mnuhTVRExplicitArgument_Click"),
     Entry(1, 139, kPlain, "mnuhWith_Click", RunCodeLines, "With"),
     Entry(1, 106, kPicture | kGroup, "mnuhTVRCodeLines_Click"),
-    Entry(1, 101, kPicture, "mnuhTVRAddProcedure_Click"),
+    Entry(1, 101, kPicture, "mnuhTVRAddProcedure_Click", RunAddProcedure),
     Entry(1, 104, kPicture, "mnuhTVRAddClass_Click"),
     Entry(1, 183, kPicture | kTestingOnly, "mnuhTVRAddControl_Click"),
     Popup(1, 140, kGroup),  // "&If"
@@ -184,7 +184,7 @@ constexpr auto kTable = std::to_array<CommandRow>({
     InCodeWindow(Entry(1, 106, kPicture, "mnuhTVRCodeLines_Click")),
     InCodeWindow(Entry(1, 181, kPicture, "mnuhTVRAddFragment_Click")),
     InCodeWindow(Entry(1, 182, kPicture, "mnuhTVRInsertVariable_Click")),
-    InCodeWindow(Entry(1, 101, kPicture, "mnuhTVRAddProcedure_Click")),
+    InCodeWindow(Entry(1, 101, kPicture, "mnuhTVRAddProcedure_Click", RunAddProcedure)),
 });
 
 #undef TAVRIN_SITE

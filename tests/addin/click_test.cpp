@@ -91,9 +91,9 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
       EXPECT_TRUE(ToolWindowVisible(row.argument));
     }
   }
-  EXPECT_EQ(seen, (std::set<Operation>{nullptr, RunCodeLines, OpenWebPage, RunShowToolWindow,
-                                       RunLineNumbers, RunCommentLines, RunVerifyShortcuts,
-                                       RunSettingsDialog}));
+  EXPECT_EQ(seen, (std::set<Operation>{nullptr, RunCodeLines, RunAddProcedure, OpenWebPage,
+                                       RunShowToolWindow, RunLineNumbers, RunCommentLines,
+                                       RunVerifyShortcuts, RunSettingsDialog}));
 }
 
 TEST_F(ClickTest, CodeCommandsDoNothingWithoutACodeWindow) {
