@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/text.h"
+#include "builders/name_check.h"
 
 namespace tavrin::builders {
 namespace {
@@ -13,33 +14,6 @@ using settings::Item;
 
 constexpr std::array<std::string_view, 5> kKinds = {"Sub", "Function", "Property Get",
                                                     "Property Let", "Property Set"};
-
-// The words a procedure or an argument may not be named.
-constexpr std::array<std::string_view, 62> kKeywords = {
-    "And",        "As",       "Boolean",    "ByRef",   "Byte",     "ByVal",   "Call",   "Case",
-    "Const",      "Currency", "Date",       "Declare", "Dim",      "Do",      "Double", "Each",
-    "Else",       "ElseIf",   "End",        "Enum",    "Eqv",      "Event",   "Exit",   "False",
-    "For",        "Friend",   "Function",   "Get",     "GoSub",    "GoTo",    "If",     "Imp",
-    "Implements", "In",       "Integer",    "Is",      "Let",      "Like",    "Long",   "Loop",
-    "Me",         "Mod",      "New",        "Next",    "Not",      "Nothing", "Object", "On",
-    "Optional",   "Or",       "ParamArray", "Private", "Property", "Public",  "ReDim",  "Select",
-    "Set",        "Static",   "String",     "Sub",     "Then",     "Type"};
-
-bool IsKeyword(std::string_view name) {
-  return std::any_of(kKeywords.begin(), kKeywords.end(),
-                     [&](std::string_view word) { return EqualsIgnoreCase(word, name); });
-}
-
-// Why a name cannot be used; nullopt when it can.
-std::optional<std::string> NameProblem(std::string_view what, std::string_view name) {
-  const std::string_view trimmed = TrimBlanks(name);
-  if (trimmed.empty()) return "Enter the " + std::string(what) + "'s name.";
-  if (trimmed.find_first_of(" \t") != std::string_view::npos)
-    return "The " + std::string(what) + "'s name must not contain blanks.";
-  if (IsKeyword(trimmed))
-    return "'" + std::string(trimmed) + "' is a keyword and cannot be used as a name.";
-  return std::nullopt;
-}
 
 Field Check(std::string id, std::string caption, bool on, std::string group = "") {
   Field field = MakeField(std::move(id), FieldKind::kCheck, std::move(caption));
@@ -113,7 +87,7 @@ clsArgument ArgumentDialog::Argument() {
 }
 
 std::optional<Refusal> ArgumentDialog::Accept() {
-  if (auto problem = NameProblem("argument", FindField(fields_, "name")->text))
+  if (auto problem = NameProblem(FindField(fields_, "name")->text))
     return Refusal{*problem, "name"};
   return std::nullopt;
 }
@@ -253,7 +227,7 @@ void ProcedureDialog::Pressed(std::string_view id, DialogHost& host) {
 }
 
 std::optional<Refusal> ProcedureDialog::Accept() {
-  if (auto problem = NameProblem("procedure", F("name").text)) return Refusal{*problem, "name"};
+  if (auto problem = NameProblem(F("name").text)) return Refusal{*problem, "name"};
   for (std::size_t i = 0; i < arguments_.size(); ++i)
     for (std::size_t j = 0; j < i; ++j)
       if (EqualsIgnoreCase(arguments_[i].Name, arguments_[j].Name))

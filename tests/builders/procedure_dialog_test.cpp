@@ -13,12 +13,12 @@ using A = builders::DialogAction;
 using builders::ProcedureDialog;
 using settings::Item;
 
-const char* const kOptions[] = {"header",    "name_constant",  "error_handler",
+const char *const kOptions[] = {"header",    "name_constant",  "error_handler",
                                 "hourglass", "separate_lines", "return_line"};
 
-std::string Checks(ProcedureDialog& dialog) {
+std::string Checks(ProcedureDialog &dialog) {
   std::string marks;
-  for (const char* id : kOptions)
+  for (const char *id : kOptions)
     marks += builders::FindField(dialog.Fields(), id)->checked ? 'x' : '.';
   return marks;
 }
@@ -33,23 +33,25 @@ TEST(ProcedureDialogTest, OptionsComeFromTheModuleKindsSection) {
   values.Set(Item::kAddReturnStatement, true);
   const struct {
     ide::ComponentType type;
-    std::string checks;  // in kOptions' order
+    std::string checks; // in kOptions' order
   } cases[] = {{ide::ComponentType::kStdModule, "xxxx.x"},
                {ide::ComponentType::kClassModule, ".....x"},
                {ide::ComponentType::kVBForm, ".....x"},
                {ide::ComponentType::kUserControl, ".....x"}};
-  for (const auto& c : cases) {
+  for (const auto &c : cases) {
     SCOPED_TRACE(static_cast<int>(c.type));
     const auto vbe = ide::memory::MemoryVbe::Create();
     const auto project = vbe->AddProject("Project1");
     project->AddComponent(ide::ComponentType::kClassModule, "clsCustomer", "");
-    const auto module = project->AddComponent(c.type, "Target", "")->CodeModule();
+    const auto module =
+        project->AddComponent(c.type, "Target", "")->CodeModule();
     ProcedureDialog dialog(ProcedureTargetOf(*vbe, *module), values, {});
     EXPECT_EQ(Checks(dialog), c.checks);
-    const auto* returns = builders::FindField(dialog.Fields(), "returns");
-    EXPECT_EQ(returns->items.back(),
-              c.type == ide::ComponentType::kClassModule ? "Target" : "clsCustomer");
-    EXPECT_FALSE(returns->enabled);  // a Sub at first
+    const auto *returns = builders::FindField(dialog.Fields(), "returns");
+    EXPECT_EQ(returns->items.back(), c.type == ide::ComponentType::kClassModule
+                                         ? "Target"
+                                         : "clsCustomer");
+    EXPECT_FALSE(returns->enabled); // a Sub at first
   }
 }
 
@@ -58,9 +60,15 @@ TEST(ProcedureDialogTest, RefusesBadNamesAndArguments) {
     builders::DialogScript script;
     std::string message;
   } cases[] = {
-      {{}, "Enter the procedure's name."},
-      {{A::Text("name", "Do It")}, "The procedure's name must not contain blanks."},
-      {{A::Text("name", "loop")}, "'loop' is a keyword and cannot be used as a name."},
+      {{}, "Please enter a name."},
+      {{A::Text("name", "Do It")},
+       "A name may contain only letters, digits and the underscore (_)."},
+      {{A::Text("name", "2nd")}, "A name must begin with a letter."},
+      {{A::Text("name", std::string(256, 'x'))},
+       "A name may not be longer than 255 characters."},
+      {{A::Text("name", "loop")},
+       "This name is a reserved word of Visual Basic. Please choose another "
+       "name."},
       {{A::Text("name", "Go"), A::Press("add"), A::Press("add")},
        "The argument name 'n' is used twice."},
       {{A::Text("name", "Go"), A::Press("opt"), A::Press("add")},
@@ -68,17 +76,20 @@ TEST(ProcedureDialogTest, RefusesBadNamesAndArguments) {
       {{A::Text("name", "Go"), A::Press("param"), A::Press("add")},
        codegen::ArgumentOrderMessage(codegen::kArgumentAfterParamArray)},
   };
-  for (const auto& c : cases) {
+  for (const auto &c : cases) {
     SCOPED_TRACE(c.message);
     builders::ScriptedDialogHost host;
     builders::DialogScript script;
-    for (const A& step : c.script) {
+    for (const A &step : c.script) {
       if (step.op == A::Op::kPress && step.id != "add") {
-        host.Answer("Argument", {A::Text("name", step.id),
-                                 A::Check(step.id == "opt" ? "optional" : "paramarray"), A::Ok()});
+        host.Answer("Argument",
+                    {A::Text("name", step.id),
+                     A::Check(step.id == "opt" ? "optional" : "paramarray"),
+                     A::Ok()});
         script.push_back(A::Press("add"));
       } else {
-        if (step.op == A::Op::kPress) host.Answer("Argument", {A::Text("name", "n"), A::Ok()});
+        if (step.op == A::Op::kPress)
+          host.Answer("Argument", {A::Text("name", "n"), A::Ok()});
         script.push_back(step);
       }
     }
@@ -93,7 +104,7 @@ TEST(ProcedureDialogTest, RefusesBadNamesAndArguments) {
 
 TEST(ProcedureDialogTest, ButtonsEditTheArgumentList) {
   const struct {
-    builders::DialogScript steps;  // after adding a, b and c
+    builders::DialogScript steps; // after adding a, b and c
     std::vector<std::string> items;
   } cases[] = {
       {{}, {"a", "b", "c"}},
@@ -101,47 +112,52 @@ TEST(ProcedureDialogTest, ButtonsEditTheArgumentList) {
       {{A::Press("up"), A::Press("up")}, {"c", "a", "b"}},
       {{A::Pick("arguments", "a"), A::Press("down")}, {"b", "a", "c"}},
       {{A::Pick("arguments", "b"), A::Press("remove")}, {"a", "c"}},
-      {{A::Pick("arguments", "a"), A::Press("edit")}, {"ByVal x As Long", "b", "c"}},
+      {{A::Pick("arguments", "a"), A::Press("edit")},
+       {"ByVal x As Long", "b", "c"}},
   };
-  for (const auto& c : cases) {
+  for (const auto &c : cases) {
     SCOPED_TRACE(c.items[0]);
     builders::ScriptedDialogHost host;
     builders::DialogScript script;
-    for (const char* name : {"a", "b", "c"}) {
+    for (const char *name : {"a", "b", "c"}) {
       host.Answer("Argument", {A::Text("name", name), A::Ok()});
       script.push_back(A::Press("add"));
     }
-    host.Answer("Argument",
-                {A::Text("name", "x"), A::Text("type", "Long"), A::Check("byval"), A::Ok()});
+    host.Answer("Argument", {A::Text("name", "x"), A::Text("type", "Long"),
+                             A::Check("byval"), A::Ok()});
     script.insert(script.end(), c.steps.begin(), c.steps.end());
     script.push_back(A::Text("name", "Go"));
     script.push_back(A::Ok());
     host.Answer("Add Procedure", script);
     ProcedureDialog dialog({}, settings::ValueTable{}, {});
     EXPECT_TRUE(host.Show(dialog));
-    EXPECT_EQ(builders::FindField(dialog.Fields(), "arguments")->items, c.items);
-    EXPECT_EQ(builders::FindField(dialog.Fields(), "preview")->text, dialog.Code());
+    EXPECT_EQ(builders::FindField(dialog.Fields(), "arguments")->items,
+              c.items);
+    EXPECT_EQ(builders::FindField(dialog.Fields(), "preview")->text,
+              dialog.Code());
     EXPECT_TRUE(host.errors.empty()) << host.errors[0];
   }
 }
 
 TEST(ProcedureDialogTest, ArgumentDialogRefusesAnEmptyName) {
   builders::ArgumentDialog dialog(builders::SimpleTypes());
-  EXPECT_EQ(dialog.Accept()->message, "Enter the argument's name.");
+  EXPECT_EQ(dialog.Accept()->message, "Please enter a name.");
 }
 
 class AddProcedureTest : public CodePaneTest {
- protected:
+protected:
   void SetUp() override { context_.dialogs = &host_; }
 
   // A Function with one ByVal argument and no options.
   void AnswerFunction() {
-    host_.Answer("Argument",
-                 {A::Text("name", "n"), A::Text("type", "Long"), A::Check("byval"), A::Ok()});
-    builders::DialogScript script = {A::Text("name", "Twice"), A::Pick("kind", "Function"),
-                                     A::Pick("access", "Private"), A::Pick("returns", "Long"),
-                                     A::Press("add")};
-    for (const char* id : kOptions) script.push_back(A::Check(id, false));
+    host_.Answer("Argument", {A::Text("name", "n"), A::Text("type", "Long"),
+                              A::Check("byval"), A::Ok()});
+    builders::DialogScript script = {
+        A::Text("name", "Twice"), A::Pick("kind", "Function"),
+        A::Pick("access", "Private"), A::Pick("returns", "Long"),
+        A::Press("add")};
+    for (const char *id : kOptions)
+      script.push_back(A::Check(id, false));
     script.push_back(A::Ok());
     host_.Answer("Add Procedure", script);
   }
@@ -150,14 +166,15 @@ class AddProcedureTest : public CodePaneTest {
 
 const Lines kModule = {"Option Explicit", "", "Sub A()", "    x = 1",
                        "End Sub",         "", "Sub B()", "End Sub"};
-const Lines kFunction = {"Private Function Twice(ByVal n As Long) As Long", "", "End Function"};
+const Lines kFunction = {"Private Function Twice(ByVal n As Long) As Long", "",
+                         "End Function"};
 
 TEST_F(AddProcedureTest, InsertsBelowTheProcedureAtTheCaret) {
   const struct {
     int caret_line;
-    int at;  // the line the procedure starts on
+    int at; // the line the procedure starts on
   } cases[] = {{4, 6}, {1, 2}, {8, 9}};
-  for (const auto& c : cases) {
+  for (const auto &c : cases) {
     SCOPED_TRACE(c.caret_line);
     vbe_ = ide::memory::MemoryVbe::Create();
     Context context{*vbe_, ui_, options_};
@@ -185,9 +202,10 @@ TEST_F(AddProcedureTest, PreviewIsTheInsertedText) {
   ProcedureDialog dialog({}, settings::ValueTable{}, {});
   builders::FindField(dialog.Fields(), "name")->text = "Go";
   dialog.Changed("name");
-  EXPECT_EQ(builders::FindField(dialog.Fields(), "preview")->text, dialog.Code());
+  EXPECT_EQ(builders::FindField(dialog.Fields(), "preview")->text,
+            dialog.Code());
   EXPECT_NE(dialog.Code().find("Public Sub Go()"), std::string::npos);
 }
 
-}  // namespace
-}  // namespace tavrin::addin
+} // namespace
+} // namespace tavrin::addin
