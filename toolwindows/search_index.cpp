@@ -92,13 +92,13 @@ std::vector<SearchResult> SearchIndex::Find(std::string_view query, std::size_t 
     const MatchKind match = MatchLowered(keys_[i].name, keys_[i].humps, lowered);
     if (match != MatchKind::kNone) results.push_back({&entries_[i], match});
   }
-  const auto less = [](const SearchResult& a, const SearchResult& b) {
+  const auto less = [this](const SearchResult& a, const SearchResult& b) {
     if (a.match != b.match) return a.match < b.match;
-    if (a.entry->name.size() != b.entry->name.size())
-      return a.entry->name.size() < b.entry->name.size();
-    const auto na = ToLowerAscii(a.entry->name), nb = ToLowerAscii(b.entry->name);
-    if (na != nb) return na < nb;
-    return ToLowerAscii(a.entry->component) < ToLowerAscii(b.entry->component);
+    const Keys& ka = keys_[std::size_t(a.entry - entries_.data())];
+    const Keys& kb = keys_[std::size_t(b.entry - entries_.data())];
+    if (ka.name.size() != kb.name.size()) return ka.name.size() < kb.name.size();
+    if (ka.name != kb.name) return ka.name < kb.name;
+    return ka.component < kb.component;
   };
   if (results.size() > limit) {
     std::partial_sort(results.begin(), results.begin() + std::ptrdiff_t(limit), results.end(), less);
