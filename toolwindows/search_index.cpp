@@ -24,13 +24,14 @@ std::vector<std::size_t> Humps(std::string_view name) {
   return humps;
 }
 
-// The rest of the query from `q` on, taken as starts of humps from `h` on.
+// The rest of the query from `q` on, taken as starts of humps from `h` on;
+// name and query both lower-cased.
 bool MatchHumps(std::string_view name, const std::vector<std::size_t>& humps, std::size_t h,
                 std::string_view query, std::size_t q) {
   if (q == query.size()) return true;
   for (; h < humps.size(); ++h) {
     for (std::size_t k = 0; humps[h] + k < name.size() && q + k < query.size() &&
-                            ToLowerAscii(name[humps[h] + k]) == ToLowerAscii(query[q + k]);
+                            name[humps[h] + k] == query[q + k];
          ++k) {
       if (MatchHumps(name, humps, h + 1, query, q + k + 1)) return true;
     }
@@ -58,40 +59,46 @@ void Collect(const Node& node, const std::string& project, const std::string& co
   }
 }
 
+// MatchName on a lower-cased name with its humps and a lower-cased query.
+MatchKind MatchLowered(std::string_view name, const std::vector<std::size_t>& humps,
+                       std::string_view query) {
+  if (query.empty() || query.size() > name.size()) return MatchKind::kNone;
+  if (name == query) return MatchKind::kExact;
+  if (name.starts_with(query)) return MatchKind::kPrefix;
+  // Humps must start at the name's first hump.
+  if (!humps.empty() && name[humps[0]] == query[0] && MatchHumps(name, humps, 0, query, 0))
+    return MatchKind::kCamelHump;
+  if (name.find(query) != std::string_view::npos) return MatchKind::kSubstring;
+  return MatchKind::kNone;
+}
+
 }  // namespace
 
 MatchKind MatchName(std::string_view name, std::string_view query) {
-  if (query.empty() || query.size() > name.size()) return MatchKind::kNone;
-  if (EqualsIgnoreCase(name, query)) return MatchKind::kExact;
-  if (EqualsIgnoreCase(name.substr(0, query.size()), query)) return MatchKind::kPrefix;
-  // Humps must start at the name's first hump.
-  const auto humps = Humps(name);
-  if (!humps.empty() && ToLowerAscii(name[humps[0]]) == ToLowerAscii(query[0]) &&
-      MatchHumps(name, humps, 0, query, 0)) {
-    return MatchKind::kCamelHump;
-  }
-  if (ToLowerAscii(name).find(ToLowerAscii(query)) != std::string::npos)
-    return MatchKind::kSubstring;
-  return MatchKind::kNone;
+  return MatchLowered(ToLowerAscii(name), Humps(name), ToLowerAscii(query));
 }
 
 SearchIndex::SearchIndex(const std::vector<Node>& tree) {
   for (const Node& project : tree) Collect(project, project.caption, {}, entries_);
+  keys_.reserve(entries_.size());
+  for (const SearchEntry& entry : entries_)
+    keys_.push_back({ToLowerAscii(entry.name), ToLowerAscii(entry.component), Humps(entry.name)});
 }
 
 std::vector<SearchResult> SearchIndex::Find(std::string_view query, std::size_t limit) const {
+  const std::string lowered = ToLowerAscii(query);
   std::vector<SearchResult> results;
-  for (const SearchEntry& entry : entries_) {
-    const MatchKind match = MatchName(entry.name, query);
-    if (match != MatchKind::kNone) results.push_back({&entry, match});
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    const MatchKind match = MatchLowered(keys_[i].name, keys_[i].humps, lowered);
+    if (match != MatchKind::kNone) results.push_back({&entries_[i], match});
   }
-  const auto less = [](const SearchResult& a, const SearchResult& b) {
+  const auto less = [this](const SearchResult& a, const SearchResult& b) {
     if (a.match != b.match) return a.match < b.match;
-    if (a.entry->name.size() != b.entry->name.size())
-      return a.entry->name.size() < b.entry->name.size();
-    const auto na = ToLowerAscii(a.entry->name), nb = ToLowerAscii(b.entry->name);
-    if (na != nb) return na < nb;
-    return ToLowerAscii(a.entry->component) < ToLowerAscii(b.entry->component);
+    const Keys& ka = keys_[std::size_t(a.entry - entries_.data())];
+    const Keys& kb = keys_[std::size_t(b.entry - entries_.data())];
+    if (ka.name.size() != kb.name.size()) return ka.name.size() < kb.name.size();
+    if (ka.name != kb.name) return ka.name < kb.name;
+    return ka.component < kb.component;
   };
   if (results.size() > limit) {
     std::partial_sort(results.begin(), results.begin() + std::ptrdiff_t(limit), results.end(), less);

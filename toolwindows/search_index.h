@@ -42,7 +42,16 @@ class SearchIndex {
   const std::vector<SearchEntry>& Entries() const { return entries_; }
 
  private:
+  // What a query needs of an entry, worked out once when the index is built
+  // so that a query copies nothing per name.
+  struct Keys {
+    std::string name;       // lower-cased
+    std::string component;  // lower-cased
+    std::vector<std::size_t> humps;
+  };
+
   std::vector<SearchEntry> entries_;
+  std::vector<Keys> keys_;  // one for each entry
 };
 
 }  // namespace tavrin::toolwindows
