@@ -20,6 +20,7 @@ namespace tavrin::ide {
 class IVbe;
 class IProject;
 class IComponent;
+class IComponents;
 class ICodeModule;
 class ICodePane;
 class IWindow;
@@ -239,6 +240,23 @@ class IComponent {
   // Nothing (nullptr) for a component without a designer.
   virtual std::shared_ptr<IDesigner> Designer() = 0;
   virtual std::shared_ptr<IProject> Project() = 0;  // the owning project
+  // Renames the component. A name that is not an identifier (or is a
+  // keyword) raises ide::Error (380); another component's name raises 32813.
+  virtual void SetName(std::string_view name) = 0;
+  // Writes the component's source file to `path`.
+  virtual void Export(std::string_view path) = 0;
+};
+
+// VBProject.VBComponents, which also adds, imports and removes components.
+class IComponents : public ICollection<IComponent> {
+ public:
+  // A new empty component named as the IDE names them: Module1, Class1,
+  // Form1, ... with the first number no component has.
+  virtual std::shared_ptr<IComponent> Add(ComponentType type) = 0;
+  virtual void Remove(IComponent& component) = 0;
+  // Adds a .bas .cls .frm .ctl ... file under the name of its Attribute
+  // VB_Name. A missing file raises ide::Error (53); a name already taken 32813.
+  virtual std::shared_ptr<IComponent> Import(std::string_view path) = 0;
 };
 
 class IProject {
@@ -247,7 +265,7 @@ class IProject {
   virtual std::string Name() = 0;
   // The project file's full path; empty for a project never saved.
   virtual std::string FileName() = 0;
-  virtual std::shared_ptr<ICollection<IComponent>> VBComponents() = 0;
+  virtual std::shared_ptr<IComponents> VBComponents() = 0;
 };
 
 class IVbe {

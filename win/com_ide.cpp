@@ -368,6 +368,44 @@ class ComComponent : public ide::IComponent, public ComWrapper {
         object_.Wrap(object_.GetObject("Collection"), "VBComponents");
     return Child(components, "Parent", "VBProject", MakeProject);
   }
+  void SetName(std::string_view name) override { object_.Put("Name", Variant::String(name)); }
+  void Export(std::string_view path) override {
+    std::vector<Variant> args;
+    args.push_back(Variant::String(path));
+    object_.Call("Export", std::move(args));
+  }
+};
+
+// VBComponents: the collection, and Add, Remove and Import on it.
+class ComComponents : public ComCollection<ide::IComponent, ide::IComponents> {
+ public:
+  explicit ComComponents(Dispatch components)
+      : ComCollection(components, "VBComponent", MakeComponent),
+        components_(std::move(components)) {}
+
+  std::shared_ptr<ide::IComponent> Add(ide::ComponentType type) override {
+    return Made(components_.CallObject("Add", Args({static_cast<int>(type)})));
+  }
+  void Remove(ide::IComponent& component) override {
+    const auto* wrapper = dynamic_cast<const ComWrapper*>(&component);
+    if (!wrapper) throw ide::Error(13, "Type mismatch");
+    std::vector<Variant> args;
+    args.push_back(Variant::Object(wrapper->Object().get()));
+    components_.Call("Remove", std::move(args));
+  }
+  std::shared_ptr<ide::IComponent> Import(std::string_view path) override {
+    std::vector<Variant> args;
+    args.push_back(Variant::String(path));
+    return Made(components_.CallObject("Import", std::move(args)));
+  }
+
+ private:
+  std::shared_ptr<ide::IComponent> Made(ComPtr<IDispatch> component) {
+    if (!component) return nullptr;
+    return MakeComponent(components_.Wrap(std::move(component), "VBComponent"));
+  }
+
+  Dispatch components_;
 };
 
 class ComProject : public ide::IProject, public ComWrapper {
@@ -376,10 +414,9 @@ class ComProject : public ide::IProject, public ComWrapper {
 
   std::string Name() override { return GetString(object_, "Name"); }
   std::string FileName() override { return GetString(object_, "FileName"); }
-  std::shared_ptr<ICollection<ide::IComponent>> VBComponents() override {
-    return std::make_shared<ComCollection<ide::IComponent>>(
-        object_.Wrap(object_.GetObject("VBComponents"), "VBComponents"), "VBComponent",
-        MakeComponent);
+  std::shared_ptr<ide::IComponents> VBComponents() override {
+    return std::make_shared<ComComponents>(
+        object_.Wrap(object_.GetObject("VBComponents"), "VBComponents"));
   }
 };
 

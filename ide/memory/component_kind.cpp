@@ -94,6 +94,35 @@ std::vector<std::string> NewComponentHeader(ComponentType type, std::string_view
   return lines;
 }
 
+std::string NewComponentStem(ComponentType type) {
+  switch (type) {
+    case ComponentType::kStdModule: return "Module";
+    case ComponentType::kClassModule: return "Class";
+    default: return DesignerCaptionWord(type);
+  }
+}
+
+bool IsValidComponentName(std::string_view name) {
+  static constexpr std::string_view kKeywords[] = {
+      "And", "As", "Boolean", "ByRef", "Byte", "ByVal", "Call", "Case", "Const", "Currency",
+      "Date", "Declare", "Dim", "Do", "Double", "Each", "Else", "ElseIf", "End", "Enum",
+      "Eqv", "Event", "Exit", "False", "For", "Function", "Get", "Global", "GoSub", "GoTo",
+      "If", "Imp", "Implements", "In", "Integer", "Is", "Let", "Like", "Long", "Loop", "Me",
+      "Mod", "New", "Next", "Not", "Nothing", "Object", "On", "Option", "Optional", "Or",
+      "ParamArray", "Private", "Property", "Public", "RaiseEvent", "ReDim", "Resume",
+      "Return", "Select", "Set", "Single", "Static", "Step", "Stop", "String", "Sub", "Then",
+      "To", "True", "Type", "TypeOf", "Until", "Variant", "Wend", "While", "With", "WithEvents",
+      "Xor"};
+  if (name.empty() || name.size() > 40) return false;
+  auto is_letter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
+  if (!is_letter(name[0])) return false;
+  for (char c : name)
+    if (!is_letter(c) && !(c >= '0' && c <= '9') && c != '_') return false;
+  for (std::string_view keyword : kKeywords)
+    if (EqualsIgnoreCase(name, keyword)) return false;
+  return true;
+}
+
 std::string FileStem(std::string_view path) {
   std::string_view file = FileName(path);
   const auto dot = file.rfind('.');

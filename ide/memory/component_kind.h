@@ -20,6 +20,12 @@ bool HasDesigner(ComponentType type);
 std::string DesignerCaptionWord(ComponentType type);
 // The header lines the IDE writes for a new component of that type.
 std::vector<std::string> NewComponentHeader(ComponentType type, std::string_view name);
+// The stem of the names the IDE gives new components: "Module", "Class",
+// "Form", ...
+std::string NewComponentStem(ComponentType type);
+// A letter first, then letters, digits and underscores, at most 40
+// characters, and not one of the language's keywords.
+bool IsValidComponentName(std::string_view name);
 // The file's name without folder and extension.
 std::string FileStem(std::string_view path);
 

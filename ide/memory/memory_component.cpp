@@ -1,10 +1,13 @@
 #include "ide/memory/memory_component.h"
 
+#include "base/text.h"
 #include "ide/memory/component_kind.h"
 #include "ide/memory/memory_code_module.h"
 #include "ide/memory/memory_code_pane.h"
 #include "ide/memory/memory_designer.h"
+#include "ide/memory/memory_events.h"
 #include "ide/memory/memory_project.h"
+#include "ide/memory/memory_vbe.h"
 #include "ide/memory/memory_window.h"
 
 namespace tavrin::ide::memory {
@@ -58,6 +61,38 @@ std::shared_ptr<ICodeModule> MemoryComponent::CodeModule() { return module_; }
 std::shared_ptr<IDesigner> MemoryComponent::Designer() { return designer_; }
 
 std::shared_ptr<IProject> MemoryComponent::Project() { return project_.lock(); }
+
+void MemoryComponent::SetName(std::string_view name) {
+  if (!IsValidComponentName(name)) throw Error(380, "Invalid property value");
+  auto project = project_.lock();
+  if (project) {
+    for (const auto& other : project->Components()) {
+      if (other.get() != this && EqualsIgnoreCase(other->Name(), name))
+        throw Error(32813, "Name conflicts with existing module, project, or object library");
+    }
+  }
+  const std::string old_name = name_;
+  name_ = std::string(name);
+  for (PhysicalLine& line : source_->header()) {
+    if (StartsWithIgnoreCase(line.text, "Attribute VB_Name")) {
+      line.text = "Attribute VB_Name = \"" + name_ + "\"";
+    } else if (EqualsIgnoreCase(FirstWord(line.text), "Begin")) {
+      // The designer's root object is named after the component.
+      const auto last_blank = line.text.find_last_of(' ');
+      if (last_blank != std::string::npos &&
+          EqualsIgnoreCase(std::string_view(line.text).substr(last_blank + 1), old_name))
+        line.text = line.text.substr(0, last_blank + 1) + name_;
+    }
+  }
+  if (auto vbe = vbe_.lock()) vbe->MemoryEventHub()->RaiseComponentRenamed(shared_from_this(), old_name);
+}
+
+void MemoryComponent::Export(std::string_view path) {
+  auto vbe = vbe_.lock();
+  if (!vbe) throw Error(75, "Path/File access error");
+  if (Status status = vbe->FileSystemForIo().WriteFile(path, SourceBytes()); !status)
+    throw Error(75, "Path/File access error: " + status.error());
+}
 
 std::string MemoryComponent::SourceBytes() const { return source_->Serialize(); }
 

@@ -38,6 +38,10 @@ class MemoryComponent : public IComponent, public std::enable_shared_from_this<M
   std::shared_ptr<ICodeModule> CodeModule() override;
   std::shared_ptr<IDesigner> Designer() override;
   std::shared_ptr<IProject> Project() override;
+  // Also rewrites the name in the file's header; raises ItemRenamed.
+  void SetName(std::string_view name) override;
+  // The bytes Save would write.
+  void Export(std::string_view path) override;
 
   std::shared_ptr<MemoryCodePane> CodePane() { return pane_; }
   std::shared_ptr<MemoryWindow> CodeWindow() { return code_window_; }

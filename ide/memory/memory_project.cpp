@@ -1,5 +1,9 @@
 #include "ide/memory/memory_project.h"
 
+#include <algorithm>
+
+#include "base/text.h"
+
 #include "ide/memory/component_kind.h"
 #include "ide/memory/memory_collection.h"
 #include "ide/memory/memory_component.h"
@@ -16,10 +20,78 @@ MemoryProject::MemoryProject(std::weak_ptr<MemoryVbe> vbe, std::string name,
       file_name_(std::move(file_name)),
       vbp_bytes_(std::move(vbp_bytes)) {}
 
-std::shared_ptr<ICollection<IComponent>> MemoryProject::VBComponents() {
-  std::vector<std::shared_ptr<IComponent>> items(components_.begin(), components_.end());
-  return std::make_shared<ListCollection<IComponent>>(
-      std::move(items), [](IComponent& component) { return component.Name(); });
+namespace {
+
+// VBComponents: the project's components now, and the project to change.
+class MemoryComponents : public ListCollection<IComponent, IComponents> {
+ public:
+  explicit MemoryComponents(std::shared_ptr<MemoryProject> project)
+      : ListCollection(std::vector<std::shared_ptr<IComponent>>(project->Components().begin(),
+                                                                project->Components().end()),
+                       [](IComponent& component) { return component.Name(); }),
+        project_(std::move(project)) {}
+
+  std::shared_ptr<IComponent> Add(ComponentType type) override { return project_->AddNew(type); }
+  void Remove(IComponent& component) override { project_->Remove(component); }
+  std::shared_ptr<IComponent> Import(std::string_view path) override {
+    return project_->Import(path);
+  }
+
+ private:
+  std::shared_ptr<MemoryProject> project_;
+};
+
+}  // namespace
+
+std::shared_ptr<IComponents> MemoryProject::VBComponents() {
+  return std::make_shared<MemoryComponents>(shared_from_this());
+}
+
+std::shared_ptr<MemoryComponent> MemoryProject::AddNew(ComponentType type) {
+  if (type == ComponentType::kResFile ||
+      type == ComponentType::kRelatedDocument || type == ComponentType::kDocument)
+    throw Error(5, "Invalid procedure call or argument");
+  const std::string stem = NewComponentStem(type);
+  for (int number = 1;; ++number) {
+    const std::string name = stem + std::to_string(number);
+    const bool taken = std::any_of(components_.begin(), components_.end(), [&](const auto& each) {
+      return EqualsIgnoreCase(each->Name(), name);
+    });
+    if (!taken) return AddComponent(type, name, "");
+  }
+}
+
+void MemoryProject::Remove(IComponent& component) {
+  const auto found = std::find_if(components_.begin(), components_.end(),
+                                  [&](const auto& each) { return each.get() == &component; });
+  if (found == components_.end()) throw Error(5, "Invalid procedure call or argument");
+  const std::shared_ptr<MemoryComponent> removed = *found;
+  components_.erase(found);
+  if (auto vbe = vbe_.lock()) vbe->MemoryEventHub()->RaiseComponentRemoved(removed);
+}
+
+std::shared_ptr<MemoryComponent> MemoryProject::Import(std::string_view path) {
+  auto vbe = vbe_.lock();
+  if (!vbe) throw Error(75, "Path/File access error");
+  platform::FileSystem& file_system = vbe->FileSystemForIo();
+  if (!IsSourceFileName(path)) throw Error(5, "Invalid procedure call or argument");
+  if (!file_system.FileExists(path)) throw Error(53, "File not found: " + std::string(path));
+  Result<std::string> bytes = file_system.ReadFile(path);
+  if (!bytes) throw Error(75, "Path/File access error: " + bytes.error());
+  Result<SourceFile> source = SourceFile::Parse(*bytes, path);
+  if (!source) throw Error(75, source.error());
+  std::string name = source->VbName();
+  if (name.empty()) name = FileStem(path);
+  for (const auto& each : components_) {
+    if (EqualsIgnoreCase(each->Name(), name))
+      throw Error(32813, "Name conflicts with existing module, project, or object library");
+  }
+  // The imported component has no file of its own until the project is saved.
+  auto component = MemoryComponent::Create(weak_from_this(), vbe_, ComponentTypeOf(path, *source),
+                                           std::move(name), "", std::move(*source));
+  components_.push_back(component);
+  vbe->MemoryEventHub()->RaiseComponentAdded(component);
+  return component;
 }
 
 std::shared_ptr<MemoryComponent> MemoryProject::AddComponent(ComponentType type,

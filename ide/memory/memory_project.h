@@ -25,7 +25,7 @@ class MemoryProject : public IProject, public std::enable_shared_from_this<Memor
 
   std::string Name() override { return name_; }
   std::string FileName() override { return file_name_; }
-  std::shared_ptr<ICollection<IComponent>> VBComponents() override;
+  std::shared_ptr<IComponents> VBComponents() override;
 
   // A new component with the header the IDE gives that type; the code is
   // split at line breaks as InsertLines splits it (empty: no lines).
@@ -35,6 +35,10 @@ class MemoryProject : public IProject, public std::enable_shared_from_this<Memor
   // where Save writes it.
   Result<std::shared_ptr<MemoryComponent>> AddSourceFile(std::string_view path,
                                                          std::string_view bytes);
+  // VBComponents.Add, Remove and Import; each raises its VBComponentsEvents.
+  std::shared_ptr<MemoryComponent> AddNew(ComponentType type);
+  void Remove(IComponent& component);
+  std::shared_ptr<MemoryComponent> Import(std::string_view path);
   const std::vector<std::shared_ptr<MemoryComponent>>& Components() const { return components_; }
 
   // Writes the project file (if any) and every component that has a file.

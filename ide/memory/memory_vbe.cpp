@@ -223,4 +223,9 @@ std::shared_ptr<IWindow> MemoryVbe::ImmediateWindow() const { return immediate_w
 std::shared_ptr<IWindow> MemoryVbe::ProjectWindow() const { return project_window_; }
 std::shared_ptr<IWindow> MemoryVbe::PropertiesWindow() const { return properties_window_; }
 
+platform::FileSystem& MemoryVbe::FileSystemForIo() const {
+  if (!file_system_) throw Error(75, "Path/File access error");
+  return *file_system_;
+}
+
 }  // namespace tavrin::ide::memory

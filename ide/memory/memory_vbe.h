@@ -89,6 +89,11 @@ class MemoryVbe : public IVbe, public std::enable_shared_from_this<MemoryVbe> {
   std::shared_ptr<IWindow> ProjectWindow() const;
   std::shared_ptr<IWindow> PropertiesWindow() const;
 
+  // Where VBComponents.Import reads and VBComponent.Export writes; not
+  // owned, it must outlive its use. Without one both raise ide::Error (75).
+  void SetFileSystem(platform::FileSystem* file_system) { file_system_ = file_system; }
+  platform::FileSystem& FileSystemForIo() const;
+
   // The editor's tab width, for {TAB}; 4 unless set.
   void SetTabWidth(int width) { tab_width_ = width > 0 ? width : 4; }
 
@@ -104,6 +109,7 @@ class MemoryVbe : public IVbe, public std::enable_shared_from_this<MemoryVbe> {
   std::shared_ptr<MemoryCodePane> active_code_pane_;
   std::shared_ptr<MemoryProject> active_project_;
   int tab_width_ = 4;
+  platform::FileSystem* file_system_ = nullptr;
   std::shared_ptr<CommandBarHost> command_bar_host_;
   std::shared_ptr<MemoryCommandBars> command_bars_;
   std::shared_ptr<MemoryEvents> events_;
