@@ -9,6 +9,7 @@
 #include "ide/memory/memory_project.h"
 #include "ide/memory/memory_vbe.h"
 #include "tests/support/code_lines.h"
+#include "tests/support/ide_error.h"
 
 namespace tavrin::ide::memory {
 namespace {
@@ -25,14 +26,6 @@ class MemoryCodeModuleTest : public ::testing::Test {
 
   Lines All(ICodeModule& module) { return testing::CodeLines(module); }
 
-  static int ErrorNumber(const std::function<void()>& action) {
-    try {
-      action();
-    } catch (const Error& error) {
-      return error.number();
-    }
-    return 0;
-  }
 
   std::shared_ptr<MemoryVbe> vbe_ = MemoryVbe::Create();
   std::shared_ptr<MemoryComponent> component_;
@@ -54,8 +47,8 @@ TEST_F(MemoryCodeModuleTest, LinesPastTheEndReadAsNothing) {
 
 TEST_F(MemoryCodeModuleTest, LinesRejectsStartBelowOneAndNegativeCount) {
   auto module = Module("a");
-  EXPECT_EQ(ErrorNumber([&] { module->Lines(0, 1); }), 5);
-  EXPECT_EQ(ErrorNumber([&] { module->Lines(1, -1); }), 5);
+  EXPECT_EQ(testing::IdeErrorNumber([&] { module->Lines(0, 1); }), 5);
+  EXPECT_EQ(testing::IdeErrorNumber([&] { module->Lines(1, -1); }), 5);
 }
 
 TEST_F(MemoryCodeModuleTest, InsertLinesSplitsAtEveryKindOfLineBreak) {
@@ -83,7 +76,7 @@ TEST_F(MemoryCodeModuleTest, InsertLinesEdgeCases) {
     EXPECT_EQ(All(*module), test.expected) << test.label;
   }
   auto module = Module("x");
-  EXPECT_EQ(ErrorNumber([&] { module->InsertLines(0, "a"); }), 5);
+  EXPECT_EQ(testing::IdeErrorNumber([&] { module->InsertLines(0, "a"); }), 5);
 }
 
 TEST_F(MemoryCodeModuleTest, InsertIntoEmptyModule) {
@@ -102,8 +95,8 @@ TEST_F(MemoryCodeModuleTest, ReplaceLineWithBreaksBecomesSeveralLines) {
 
 TEST_F(MemoryCodeModuleTest, ReplaceLineOutsideTheModuleIsOutOfRange) {
   auto module = Module("a");
-  EXPECT_EQ(ErrorNumber([&] { module->ReplaceLine(0, "x"); }), 9);
-  EXPECT_EQ(ErrorNumber([&] { module->ReplaceLine(2, "x"); }), 9);
+  EXPECT_EQ(testing::IdeErrorNumber([&] { module->ReplaceLine(0, "x"); }), 9);
+  EXPECT_EQ(testing::IdeErrorNumber([&] { module->ReplaceLine(2, "x"); }), 9);
 }
 
 TEST_F(MemoryCodeModuleTest, DeleteLinesRemovesARange) {
@@ -116,10 +109,10 @@ TEST_F(MemoryCodeModuleTest, DeleteLinesRemovesARange) {
 
 TEST_F(MemoryCodeModuleTest, DeleteLinesRangeMustLieInTheModule) {
   auto module = Module("a\nb");
-  EXPECT_EQ(ErrorNumber([&] { module->DeleteLines(0, 1); }), 9);
-  EXPECT_EQ(ErrorNumber([&] { module->DeleteLines(2, 2); }), 9);
-  EXPECT_EQ(ErrorNumber([&] { module->DeleteLines(1, 0); }), 9);
-  EXPECT_EQ(ErrorNumber([&] { module->DeleteLines(3, 1); }), 9);
+  EXPECT_EQ(testing::IdeErrorNumber([&] { module->DeleteLines(0, 1); }), 9);
+  EXPECT_EQ(testing::IdeErrorNumber([&] { module->DeleteLines(2, 2); }), 9);
+  EXPECT_EQ(testing::IdeErrorNumber([&] { module->DeleteLines(1, 0); }), 9);
+  EXPECT_EQ(testing::IdeErrorNumber([&] { module->DeleteLines(3, 1); }), 9);
   EXPECT_EQ(All(*module), (Lines{"a", "b"}));
 }
 

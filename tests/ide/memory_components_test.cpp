@@ -11,6 +11,7 @@
 #include "ide/memory/memory_events.h"
 #include "ide/memory/memory_project.h"
 #include "ide/memory/memory_vbe.h"
+#include "tests/support/ide_error.h"
 #include "tests/support/memory_file_system.h"
 
 namespace tavrin::ide::memory {
@@ -42,14 +43,6 @@ class ComponentsTest : public ::testing::Test {
   }
 
   std::shared_ptr<IComponents> Components() { return project_->VBComponents(); }
-  int ErrorOf(const std::function<void()>& action) {
-    try {
-      action();
-    } catch (const Error& error) {
-      return error.number();
-    }
-    return 0;
-  }
 
   std::shared_ptr<MemoryVbe> vbe_ = MemoryVbe::Create();
   std::shared_ptr<MemoryProject> project_ = vbe_->AddProject("Project1");
@@ -79,7 +72,7 @@ TEST_F(ComponentsTest, AddNamesNewComponentsWithTheFirstFreeNumber) {
     expected_log.push_back(std::string("Added ") + each.name);
   }
   EXPECT_EQ(sink_->log, expected_log);
-  EXPECT_EQ(ErrorOf([&] { Components()->Add(ComponentType::kResFile); }), 5);
+  EXPECT_EQ(testing::IdeErrorNumber([&] { Components()->Add(ComponentType::kResFile); }), 5);
 }
 
 TEST_F(ComponentsTest, ImportTakesTheKindAndTheNameFromTheFile) {
@@ -121,7 +114,7 @@ TEST_F(ComponentsTest, ErrorsLeaveTheProjectAsItWas) {
       {"rename to an empty name", [&] { module->SetName(""); }, 380},
       {"rename to a name taken", [&] { module->SetName("BASMAIN"); }, 32813},
   };
-  for (const auto& each : cases) EXPECT_EQ(ErrorOf(each.action), each.error) << each.what;
+  for (const auto& each : cases) EXPECT_EQ(testing::IdeErrorNumber(each.action), each.error) << each.what;
   EXPECT_EQ(Components()->Count(), 2);
   EXPECT_EQ(module->Name(), "Module1");
   EXPECT_TRUE(sink_->log.empty());
@@ -153,7 +146,7 @@ TEST_F(ComponentsTest, RemoveTakesTheComponentOutAndRaisesItemRemoved) {
   Components()->Remove(*first);
   EXPECT_EQ(Components()->Count(), 1);
   EXPECT_EQ(Components()->Item(1)->Name(), "Class1");
-  EXPECT_EQ(ErrorOf([&] { Components()->Remove(*first); }), 5);
+  EXPECT_EQ(testing::IdeErrorNumber([&] { Components()->Remove(*first); }), 5);
   EXPECT_EQ(Components()->Add(ComponentType::kStdModule)->Name(), "Module1");
   EXPECT_EQ(sink_->log, (std::vector<std::string>{"Added Module1", "Added Class1",
                                                   "Removed Module1", "Added Module1"}));
