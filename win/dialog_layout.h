@@ -1,0 +1,64 @@
+// Where each field of a dialog model goes, in dialog units: the layout pass
+// of the Windows dialog host, apart from any window so that it reads as the
+// rules it applies.
+//
+// - Fields run top to bottom in their order. A field with a caption has it
+//   on the left in one label column, so every control starts at the same x.
+// - Check boxes in a row share it in up to three columns; buttons in a row
+//   share a line, except right after a list box, where they stand in a
+//   column beside it.
+// - Consecutive fields of one group sit in a group box; a label spans the
+//   width.
+// - Previews stand in a column of their own on the right, as tall as the
+//   rest, their caption above them.
+// - Fields with pages go on the pages of a tab control below the fields
+//   without one; every page is laid out in the same place.
+// - OK, Cancel and Help close the dialog at the bottom right.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "builders/dialog.h"
+
+namespace tavrin::win {
+
+struct Box {
+  int x = 0, y = 0, width = 0, height = 0;
+  bool empty() const { return width == 0; }
+};
+
+struct FieldPlace {
+  Box label;  // the caption; empty: none
+  Box control;
+  Box browse;  // the "..." button of a file or folder field
+};
+
+struct GroupPlace {
+  std::string caption;
+  std::size_t first_field = 0;  // the group box comes before it in Tab order
+  Box box;
+};
+
+struct DialogLayout {
+  std::vector<FieldPlace> fields;  // one per field, in field order
+  std::vector<GroupPlace> groups;
+  std::vector<std::string> pages;  // the tab pages in order; empty: no tabs
+  std::size_t first_paged_field = 0;
+  Box tabs;
+  Box ok, cancel, help;  // help empty: no Help button
+  int width = 0, height = 0;
+};
+
+// The width of a text in the dialog font, in dialog units.
+using TextWidth = std::function<int(std::string_view text)>;
+
+DialogLayout LayOutDialog(const std::vector<builders::Field>& fields, bool with_help,
+                          const TextWidth& text_width);
+
+// A caption as shown: without the "&" that marks its access key.
+std::string WithoutAccessMark(std::string_view caption);
+
+}  // namespace tavrin::win
