@@ -6,7 +6,8 @@ ConnectionState::ConnectionState(const HostServices& services, std::shared_ptr<i
     : services_(services),
       vbe_(std::move(vbe)),
       add_in_(std::move(add_in)),
-      context_{*vbe_, services_.ui, services_.ide_options, &settings_, &services_.files} {}
+      context_{*vbe_,      services_.ui,    services_.ide_options,
+               &settings_, &services_.files, services_.dialogs} {}
 
 settings::SettingsServices ConnectionState::SettingsServices() const {
   return {services_.profiles, services_.files, services_.ui, services_.settings_dialog,

@@ -30,6 +30,8 @@ struct HostServices {
   platform::ProfileFile& profiles;  // the INI files
   settings::SettingsDialog& settings_dialog;
   std::string addin_folder;
+  // The builders' dialogs; null: the commands ask through input boxes.
+  builders::DialogHost* dialogs = nullptr;
 };
 
 // The marker file in the code root that adds the control builder to the

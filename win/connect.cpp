@@ -132,8 +132,14 @@ std::string AddinFolder() {
 Connect::Connection::Connection(HWND main_window, const std::string& addin_folder)
     : ui(main_window),
       settings_dialog(ui, shell, addin_folder),
+      dialogs(main_window, &settings_store,
+              [this](const std::string& topic) {
+                if (Status status = shell.OpenDocument(topic); !status)
+                  ui.MessageBox(status.error(), platform::Buttons::kOk,
+                                platform::Icon::kExclamation, platform::kAppTitle);
+              }),
       addin(addin::HostServices{ui, ide_options, settings_store, files, shell, profiles,
-                                settings_dialog, addin_folder}) {}
+                                settings_dialog, addin_folder, &dialogs}) {}
 
 HRESULT Connect::OnConnection(IDispatch* application, int connect_mode,
                               IDispatch* addin_instance, SAFEARRAY**) noexcept {

@@ -19,6 +19,7 @@
 #include "win/private_profile_file.h"
 #include "win/registry_ide_options.h"
 #include "win/registry_settings_store.h"
+#include "win/windows_dialog_host.h"
 #include "win/windows_settings_dialog.h"
 #include "win/windows_shell.h"
 #include "win/windows_ui.h"
@@ -71,6 +72,7 @@ class Connect final : public IDTExtensibility2, public RefCounted {
     WindowsShell shell;
     PrivateProfileFile profiles;
     WindowsSettingsDialog settings_dialog;
+    WindowsDialogHost dialogs;
     addin::Connect addin;
     std::optional<MessageTimer> watcher;
   };
