@@ -1,5 +1,6 @@
 #include "addin/code_line_commands.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
@@ -106,8 +107,51 @@ std::optional<std::string> PickLabel(Context& context, const codegen::LineComman
     for (std::string& label : builders::LabelsOf(procedure->def.ProcCode()))
       entries.push_back(std::move(label));
   }
+  if (command.offers_default && !initial.empty() &&
+      std::find(entries.begin(), entries.end(), initial) == entries.end())
+    entries.push_back(initial);
   builders::ListDialog dialog(std::string(title), std::string(command.prompt), entries,
                               std::string(builders::kNewLabel), initial);
+  if (!context.dialogs->Show(dialog)) return std::nullopt;
+  return dialog.Choice();
+}
+
+// The code of the declarations and of the procedure at the caret, for the
+// variables in scope.
+std::vector<std::string> VariablesInScope(Context& context, bool objects_only) {
+  std::vector<std::string> names;
+  IgnoreErrors([&] {
+    const auto pane = context.vbe.ActiveCodePane();
+    if (!pane) return;
+    const auto module = pane->CodeModule();
+    const int count = module->CountOfDeclarationLines();
+    const std::string declarations = count > 0 ? module->Lines(1, count) : "";
+    const auto procedure = ProcedureAtCaret(context);
+    const std::string_view code = procedure ? procedure->def.ProcCode() : "";
+    const scan::C4_ProcArguments none;
+    const scan::C4_ProcArguments& arguments = procedure ? procedure->def.ProcArguments() : none;
+    names = objects_only ? builders::ObjectVariablesOf(declarations, code, arguments)
+                         : builders::VariablesOf(declarations, code, arguments);
+  });
+  return names;
+}
+
+// The expression of Debug.Print: a variable in scope, or "<Expression>"
+// standing for the typed text; the selection is typed in at first.
+std::optional<std::string> PickExpression(Context& context, std::string_view title,
+                                          const codegen::LineCommand& command,
+                                          std::string selected) {
+  builders::ListDialog dialog(std::string(title), std::string(command.prompt),
+                              VariablesInScope(context, false),
+                              std::string(builders::kExpression));
+  if (!selected.empty()) {
+    // The selection is an expression as it stands: a variable that merely
+    // starts with it is not meant.
+    dialog.TypeFilter(selected);
+    builders::Field& list = *builders::FindField(dialog.Fields(), builders::kListId);
+    const auto exact = std::find(list.items.begin(), list.items.end(), selected);
+    list.selected = exact != list.items.end() ? static_cast<int>(exact - list.items.begin()) : 0;
+  }
   if (!context.dialogs->Show(dialog)) return std::nullopt;
   return dialog.Choice();
 }
@@ -116,18 +160,7 @@ std::optional<std::string> PickLabel(Context& context, const codegen::LineComman
 
 std::optional<std::string> AskWithObject(Context& context) {
   if (!context.dialogs) return context.ui.InputBox("Object expression", "With", "");
-  std::vector<std::string> objects;
-  IgnoreErrors([&] {
-    const auto pane = context.vbe.ActiveCodePane();
-    if (!pane) return;
-    const auto module = pane->CodeModule();
-    const int count = module->CountOfDeclarationLines();
-    const std::string declarations = count > 0 ? module->Lines(1, count) : "";
-    const auto procedure = ProcedureAtCaret(context);
-    objects = procedure ? builders::ObjectVariablesOf(declarations, procedure->def.ProcCode(),
-                                                      procedure->def.ProcArguments())
-                        : builders::ObjectVariablesOf(declarations, "", {});
-  });
+  const std::vector<std::string> objects = VariablesInScope(context, true);
   builders::ListDialog dialog("With", "Object", objects, std::string(builders::kStartTyping));
   if (!context.dialogs->Show(dialog)) return std::nullopt;
   return dialog.Choice();
@@ -190,10 +223,13 @@ void InsertLineCommand(Context& context, std::string_view command_name) {
     if (command->default_is_error_label) default_text = settings.error_label;
     if (command->default_is_exit_label) default_text = settings.exit_label;
     if (command->default_is_selection) default_text = SelectedText(context);
+    const std::string_view title = TrimBlanks(command_name);
     const auto given =
-        context.dialogs && command->labels != codegen::LabelChoice::kNone
-            ? PickLabel(context, *command, TrimBlanks(command_name), default_text)
-            : context.ui.InputBox(command->prompt, TrimBlanks(command_name), default_text);
+        !context.dialogs ? context.ui.InputBox(command->prompt, title, default_text)
+        : command->picks_expression ? PickExpression(context, title, *command, default_text)
+        : command->labels != codegen::LabelChoice::kNone
+            ? PickLabel(context, *command, title, default_text)
+            : context.ui.InputBox(command->prompt, title, default_text);
     if (!given) return;
     answer = *given;
   }

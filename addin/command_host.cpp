@@ -1,6 +1,8 @@
 #include "addin/command_host.h"
 
+#include "addin/code_line_builder.h"
 #include "addin/code_lines.h"
+#include "addin/help_commands.h"
 #include "addin/code_pane.h"
 #include "addin/procedure_builder.h"
 #include "addin/tool_commands.h"
@@ -14,6 +16,20 @@ void RunCodeLines(CommandHost& host, std::string_view command_name) {
 void RunAddProcedure(CommandHost& host, std::string_view) {
   AddProcedure(host.CommandContext());
 }
+
+void RunCodeLineBuilder(CommandHost& host, std::string_view) {
+  InsertCodeLine(host.CommandContext());
+}
+
+void RunTipOfTheDay(CommandHost& host, std::string_view set_name) {
+  const auto set = builders::TipSetOf(set_name);
+  if (!set) return;
+  ShowTipOfTheDay(host.CommandContext(), *set, [&host](bool show_at_startup) {
+    host.SaveSetting(settings::Item::kViewTipOfTheDay, show_at_startup);
+  });
+}
+
+void RunAbout(CommandHost& host, std::string_view) { ShowAbout(host.CommandContext()); }
 
 void OpenWebPage(CommandHost& host, std::string_view address) {
   if (Status status = host.Shell().OpenDocument(address); !status) {

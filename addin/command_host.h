@@ -6,6 +6,7 @@
 
 #include "addin/context.h"
 #include "platform/file_system.h"
+#include "settings/catalogue.h"
 
 namespace tavrin::addin {
 
@@ -19,12 +20,19 @@ class CommandHost {
   virtual void ShowToolWindow(std::string_view class_word) = 0;
   // The settings dialog; the settings are loaded again afterwards.
   virtual void ShowSettingsDialog() = 0;
+  // Writes one setting to its file and keeps it in the loaded settings.
+  virtual void SaveSetting(settings::Item item, settings::SettingValue value) {}
 };
 
 // A code-line snippet ("If Then", "ForNext", "With", ...) at the caret.
 void RunCodeLines(CommandHost& host, std::string_view command_name);
 // The procedure builder, when the context has a dialog host.
 void RunAddProcedure(CommandHost& host, std::string_view);
+// The code line builder.
+void RunCodeLineBuilder(CommandHost& host, std::string_view);
+// A set of tips by its name ("Tavrin_Startup", "VarBuilder", ...).
+void RunTipOfTheDay(CommandHost& host, std::string_view set_name);
+void RunAbout(CommandHost& host, std::string_view);
 // A page of the product's web site in the user's browser.
 void OpenWebPage(CommandHost& host, std::string_view address);
 void RunShowToolWindow(CommandHost& host, std::string_view class_word);

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "addin/error_report.h"
+#include "addin/help_commands.h"
 #include "addin/ide_events.h"
 #include "addin/ignore_errors.h"
 #include "addin/project_watcher.h"
@@ -76,6 +77,9 @@ void Connect::AddinInstance_OnConnection(std::shared_ptr<ide::IVbe> application,
     SetUp(connect_mode, add_in_inst);
     CreateWindowOf(kDirectAccessWindow, add_in_inst);
     CreateWindowOf(kCodeExplorerWindow, add_in_inst);
+    ShowStartupTip(state_->CommandContext(), [this](bool show_at_startup) {
+      SaveSetting(settings::Item::kViewTipOfTheDay, show_at_startup);
+    });
   });
 }
 
@@ -106,6 +110,10 @@ void Connect::Click(const CommandRow& row) noexcept {
 
 void Connect::ShowSettingsDialog() {
   if (state_) state_->ShowSettingsDialog();
+}
+
+void Connect::SaveSetting(settings::Item item, settings::SettingValue value) {
+  if (state_) state_->SaveSetting(item, std::move(value));
 }
 
 Context& Connect::CommandContext() {

@@ -59,6 +59,7 @@ class Connect : public CommandHost {
   platform::Shell& Shell() override { return services_.shell; }
   void ShowToolWindow(std::string_view class_word) override;
   void ShowSettingsDialog() override;
+  void SaveSetting(settings::Item item, settings::SettingValue value) override;
 
  private:
   void AddControls();

@@ -6,7 +6,7 @@ ConnectionState::ConnectionState(const HostServices& services, std::shared_ptr<i
     : services_(services),
       vbe_(std::move(vbe)),
       add_in_(std::move(add_in)),
-      context_{*vbe_,      services_.ui,    services_.ide_options,
+      context_{*vbe_,     services_.ui,     services_.ide_options,
                &settings_, &services_.files, services_.dialogs} {}
 
 settings::SettingsServices ConnectionState::SettingsServices() const {
@@ -21,6 +21,14 @@ void ConnectionState::LoadSettings() {
 void ConnectionState::ShowSettingsDialog() {
   services_.settings_dialog.ShowModal();
   fragments::ReloadSettings(settings_, SettingsServices());
+}
+
+void ConnectionState::SaveSetting(settings::Item item, settings::SettingValue value) {
+  if (const Status saved = settings::SaveItem(settings_.values, SettingsServices(), item,
+                                              std::move(value));
+      !saved)
+    services_.ui.MessageBox(saved.error(), platform::Buttons::kOk, platform::Icon::kExclamation,
+                            platform::kAppTitle);
 }
 
 std::string ConnectionState::CodeRoot() const { return settings_.folders.CodeFolder(1); }

@@ -30,7 +30,7 @@ struct HostServices {
   platform::ProfileFile& profiles;  // the INI files
   settings::SettingsDialog& settings_dialog;
   std::string addin_folder;
-  // The builders' dialogs; null: the commands ask through input boxes.
+  // Shows the builders' dialogs; null where the host has none.
   builders::DialogHost* dialogs = nullptr;
 };
 
@@ -53,6 +53,8 @@ class ConnectionState {
   void LoadSettings();
   // Opens the settings dialog and loads what it applied.
   void ShowSettingsDialog();
+  // Writes one item to its file; a refusal is shown to the user.
+  void SaveSetting(settings::Item item, settings::SettingValue value);
   const fragments::Settings& Settings() const { return settings_; }
   // The code root ("<code>").
   std::string CodeRoot() const;

@@ -57,7 +57,14 @@ int InsertProcedureText(ide::ICodeModule& module, int caret_line, const std::str
 }
 
 bool AddProcedure(Context& context) {
-  if (!context.dialogs || !IsCodePaneReady(context)) return false;
+  if (!IsCodePaneReady(context)) return false;
+  if (!context.dialogs) {
+    context.ui.MessageBox("Add Procedure needs the add-in's dialogs, which this host does not "
+                          "show.",
+                          platform::Buttons::kOk, platform::Icon::kInformation,
+                          platform::kAppTitle);
+    return false;
+  }
   const auto pane = context.vbe.ActiveCodePane();
   try {
     const auto module = pane->CodeModule();

@@ -67,8 +67,9 @@ std::vector<std::string_view> SplitDeclarators(std::string_view text) {
   return parts;
 }
 
-// Adds the object variables a declaration line declares, when it is one.
-void AddDeclared(std::string_view line, std::vector<std::string>& names) {
+// Adds the variables (or only those of an object type) that a declaration
+// line declares, when it is one.
+void AddDeclared(std::string_view line, bool objects_only, std::vector<std::string>& names) {
   std::string_view text = TrimBlanks(WithoutComment(line));
   bool declares = false;
   for (std::string_view keyword : {"Dim ", "Static ", "Private ", "Public ", "Global "}) {
@@ -90,7 +91,12 @@ void AddDeclared(std::string_view line, std::vector<std::string>& names) {
     while (end < part.size() && IsNameChar(part[end])) ++end;
     const std::string_view name = part.substr(0, end);
     const std::size_t as = ToLowerAscii(part).find(" as ");
-    if (name.empty() || as == std::string_view::npos) continue;
+    if (name.empty()) continue;
+    if (!objects_only) {
+      names.emplace_back(name);
+      continue;
+    }
+    if (as == std::string_view::npos) continue;
     std::string_view type = TrimBlanks(part.substr(as + 4));
     if (StartsWithIgnoreCase(type, "New ")) type = TrimLeftBlanks(type.substr(4));
     if (IsObjectType(type)) names.emplace_back(name);
@@ -121,22 +127,39 @@ std::vector<std::string> LabelsOf(std::string_view procedure_code) {
   return labels;
 }
 
-std::vector<std::string> ObjectVariablesOf(std::string_view declarations,
-                                           std::string_view procedure_code,
-                                           const scan::C4_ProcArguments& arguments) {
+namespace {
+
+std::vector<std::string> VariablesIn(std::string_view declarations,
+                                     std::string_view procedure_code,
+                                     const scan::C4_ProcArguments& arguments, bool objects_only) {
   std::vector<std::string> names;
   std::vector<std::string> found;
   for (const scan::C4_ProcArgument& argument : arguments.Items())
-    if (IsObjectType(argument.Type_)) found.push_back(argument.Name);
+    if (!objects_only || IsObjectType(argument.Type_)) found.push_back(argument.Name);
   AddUnique(names, found);
   found.clear();
   const auto body = LogicalLines(procedure_code);
-  for (std::size_t i = 1; i < body.size(); ++i) AddDeclared(body[i], found);
+  for (std::size_t i = 1; i < body.size(); ++i) AddDeclared(body[i], objects_only, found);
   AddUnique(names, found);
   found.clear();
-  for (const std::string& line : LogicalLines(declarations)) AddDeclared(line, found);
+  for (const std::string& line : LogicalLines(declarations))
+    AddDeclared(line, objects_only, found);
   AddUnique(names, found);
   return names;
+}
+
+}  // namespace
+
+std::vector<std::string> ObjectVariablesOf(std::string_view declarations,
+                                           std::string_view procedure_code,
+                                           const scan::C4_ProcArguments& arguments) {
+  return VariablesIn(declarations, procedure_code, arguments, true);
+}
+
+std::vector<std::string> VariablesOf(std::string_view declarations,
+                                     std::string_view procedure_code,
+                                     const scan::C4_ProcArguments& arguments) {
+  return VariablesIn(declarations, procedure_code, arguments, false);
 }
 
 }  // namespace tavrin::builders

@@ -22,4 +22,9 @@ std::vector<std::string> ObjectVariablesOf(std::string_view declarations,
                                            std::string_view procedure_code,
                                            const scan::C4_ProcArguments& arguments);
 
+// Every variable visible in a procedure, of any type, in the same order.
+std::vector<std::string> VariablesOf(std::string_view declarations,
+                                     std::string_view procedure_code,
+                                     const scan::C4_ProcArguments& arguments);
+
 }  // namespace tavrin::builders

@@ -60,6 +60,11 @@ void ListDialog::Refilter() {
     list.selected = list.items.empty() ? -1 : 0;
 }
 
+void ListDialog::TypeFilter(std::string text) {
+  Filter().text = std::move(text);
+  Refilter();
+}
+
 void ListDialog::Changed(std::string_view id) {
   if (id == kListFilterId) Refilter();
 }

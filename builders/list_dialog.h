@@ -18,6 +18,7 @@ inline constexpr std::string_view kListId = "list";
 // The placeholders of the code-line commands' lists.
 inline constexpr std::string_view kNewLabel = "<New Label>";
 inline constexpr std::string_view kStartTyping = "<Start Typing>";
+inline constexpr std::string_view kExpression = "<Expression>";
 
 class ListDialog : public DialogModel {
  public:
@@ -33,6 +34,9 @@ class ListDialog : public DialogModel {
   // After an accepted OK: the entry taken; for the placeholder, the typed
   // text (trimmed) or "".
   const std::string& Choice() const { return choice_; }
+  // Types into the filter box, as the user would (a selection the command
+  // found in the code).
+  void TypeFilter(std::string text);
 
  private:
   Field& Filter() { return fields_[1]; }

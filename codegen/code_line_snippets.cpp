@@ -15,14 +15,14 @@ using resources::LoadResString;
 constexpr std::string_view kCursor = "<cursor>";
 
 constexpr std::array<LineCommand, 6> kLineCommands = {{
-    {"On Error GoTo", "Label", false, true, false},
+    {"On Error GoTo", "Label", false, true, false, LabelChoice::kLabels, true},
     {"On Error Resume Next", "", false, false, false},
     {"On Error GoTo 0", "", false, false, false},
     // An empty answer resumes at the failing statement; "Next" after it.
     {"Resume", "Label (empty: the failing statement; Next: the one after it)", true, false,
      false, LabelChoice::kLabelsAndNext},
     {"GoTo", "Label", false, false, false, LabelChoice::kLabels},
-    {"Debug.Print ", "Expression", false, false, true},
+    {"Debug.Print ", "Expression", false, false, true, LabelChoice::kNone, false, true},
 }};
 
 void AppendLine(std::string& text, std::string_view margin, std::string_view line) {

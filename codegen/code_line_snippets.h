@@ -49,6 +49,10 @@ struct LineCommand {
   bool default_is_selection = false;
   // Picked from the procedure's labels when a list dialog is at hand.
   LabelChoice labels = LabelChoice::kNone;
+  // The default label is offered even when the procedure lacks it yet.
+  bool offers_default = false;
+  // Picked among the variables in scope, with "<Expression>" for any other.
+  bool picks_expression = false;
 };
 
 const LineCommand* LineCommandOf(std::string_view command_name);

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/result.h"
 
@@ -23,6 +24,9 @@ class FileSystem {
   // cache of its contents can skip reading it again; nullopt when this file
   // system cannot tell.
   virtual std::optional<std::string> ChangeStamp(std::string_view path) { return std::nullopt; }
+  // The paths of the files directly in a folder, sorted; empty when it
+  // cannot be read or this file system cannot list.
+  virtual std::vector<std::string> FilesIn(std::string_view folder) { return {}; }
 };
 
 // The operating system's shell: the temporary folder and opening a document

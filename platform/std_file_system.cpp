@@ -5,6 +5,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <algorithm>
 #include <iterator>
 #include <random>
 #include <system_error>
@@ -115,6 +116,20 @@ Status StdFileSystem::CreateFolders(std::string_view path) {
   fs::create_directories(ToPath(path), error);
   if (error) return Error{"cannot create folder " + Quoted(path) + ": " + Describe(error)};
   return {};
+}
+
+std::vector<std::string> StdFileSystem::FilesIn(std::string_view folder) {
+  std::vector<std::string> files;
+  std::error_code error;
+  for (fs::directory_iterator it(ToPath(folder), error), end; !error && it != end;
+       it.increment(error)) {
+    std::error_code kind_error;
+    if (!it->is_regular_file(kind_error)) continue;
+    const std::u8string name = it->path().u8string();
+    files.emplace_back(name.begin(), name.end());
+  }
+  std::sort(files.begin(), files.end());
+  return files;
 }
 
 }  // namespace tavrin::platform

@@ -15,6 +15,7 @@ class StdFileSystem : public FileSystem {
   bool FolderExists(std::string_view path) override;
   Status CreateFolders(std::string_view path) override;
   std::optional<std::string> ChangeStamp(std::string_view path) override;
+  std::vector<std::string> FilesIn(std::string_view folder) override;
 };
 
 }  // namespace tavrin::platform
