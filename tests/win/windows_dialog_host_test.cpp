@@ -1,13 +1,16 @@
-// The Windows dialog host on a small model: its fields become controls, the
-// user's changes reach the model and the model's answers show at once, a
-// refused OK keeps the dialog open on the field, Escape cancels, and the
-// place and remembered values come back next time.
+// The Windows dialog host on small models: their fields become controls,
+// the user's changes reach the model and the model's answers show at once,
+// a refused OK keeps the dialog open on the field, Escape cancels, the
+// place and remembered values come back next time, and tab pages show
+// their own fields.
 #include "win/windows_dialog_host.h"
 
+#include <commctrl.h>
 #include <gtest/gtest.h>
 
 #include "platform/ui.h"
 #include "tests/win/dialog_robot.h"
+#include "tests/win/screenshot.h"
 #include "win/registry_settings_store.h"
 
 namespace tavrin::win {
@@ -64,8 +67,9 @@ class WindowsDialogHostTest : public ::testing::Test {
   }
   void TearDown() override { Forget(); }
   void Forget() {
-    for (const char* key : {"name", "Left", "Top"})
-      store_.DeleteSetting(platform::kAppTitle, DialogSettingsSection("Sample Dialog"), key);
+    for (const char* title : {"Sample Dialog", "Paged Dialog"})
+      for (const char* key : {"name", "Left", "Top"})
+        store_.DeleteSetting(platform::kAppTitle, DialogSettingsSection(title), key);
   }
 
   RegistrySettingsStore store_;
@@ -147,6 +151,54 @@ TEST_F(WindowsDialogHostTest, RefusedOkKeepsTheDialogOnTheFieldAndEscapeCancels)
   EXPECT_EQ(store_.GetSetting(platform::kAppTitle, DialogSettingsSection("Sample Dialog"), "name",
                               "none"),
             "none");
+}
+
+// Two tab pages, a file field on the first, a preview beside them.
+class PagedModel : public builders::DialogModel {
+ public:
+  PagedModel() {
+    fields_.push_back(MakeField("file", FieldKind::kFile, "&Template file:"));
+    fields_.back().page = "General";
+    fields_.push_back(MakeField("count", FieldKind::kNumber, "&Count:"));
+    fields_.back().page = "General";
+    fields_.push_back(MakeField("folder", FieldKind::kFolder, "&Folder:"));
+    fields_.back().page = "Folders";
+    fields_.push_back(MakeField("preview", FieldKind::kPreview, "Preview:"));
+    fields_.back().text = "Sub Main()\nEnd Sub\n";
+  }
+  std::string Title() const override { return "Paged Dialog"; }
+  std::string HelpTopic() const override { return "paged"; }
+  std::vector<Field>& Fields() override { return fields_; }
+  std::optional<builders::Refusal> Accept() override { return std::nullopt; }
+
+ private:
+  std::vector<Field> fields_;
+};
+
+TEST_F(WindowsDialogHostTest, TabPagesShowTheirOwnFields) {
+  PagedModel model;
+  bool folder_hidden = false, folder_shown = false, file_hidden = false;
+  DialogRobot robot({[&] {
+    const HWND dialog = FindDialog(L"Paged Dialog");
+    if (!dialog) return false;
+    const HWND folder = ControlOf(dialog, L"&Folder:");
+    folder_hidden = !::IsWindowVisible(folder);
+    EXPECT_NE(ChildWithText(dialog, L"&Help"), nullptr);
+    SaveScreenshot(dialog, ScreenshotFolder(1) + L"sample-pages.png");
+    const HWND tabs = ChildOfClass(dialog, WC_TABCONTROLW);
+    ::SendMessageW(tabs, TCM_SETCURSEL, 1, 0);
+    NMHDR change{tabs, static_cast<UINT_PTR>(::GetDlgCtrlID(tabs)), TCN_SELCHANGE};
+    ::SendMessageW(dialog, WM_NOTIFY, change.idFrom, reinterpret_cast<LPARAM>(&change));
+    folder_shown = ::IsWindowVisible(folder);
+    file_hidden = !::IsWindowVisible(ControlOf(dialog, L"&Template file:"));
+    PressKey(VK_ESCAPE);
+    return true;
+  }});
+  EXPECT_FALSE(host_.Show(model));
+  ASSERT_TRUE(robot.Finished() && !robot.GaveUp());
+  EXPECT_TRUE(folder_hidden);
+  EXPECT_TRUE(folder_shown);
+  EXPECT_TRUE(file_hidden);
 }
 
 }  // namespace
