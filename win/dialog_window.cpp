@@ -412,7 +412,8 @@ void DialogWindow::ShowPage(int page) {
 void DialogWindow::RefreshItems(std::size_t index, HWND control) {
   const Field& field = Fields()[index];
   const bool list = field.kind == FieldKind::kList;
-  if (shown_items_[index] != field.items) {
+  const bool reset = shown_items_[index] != field.items;
+  if (reset) {
     ::SendMessageW(control, list ? LB_RESETCONTENT : CB_RESETCONTENT, 0, 0);
     for (const std::string& item : field.items)
       ::SendMessageW(control, list ? LB_ADDSTRING : CB_ADDSTRING, 0,
@@ -420,7 +421,11 @@ void DialogWindow::RefreshItems(std::size_t index, HWND control) {
     shown_items_[index] = field.items;
   }
   const int selected = field.selected < static_cast<int>(field.items.size()) ? field.selected : -1;
-  if (::SendMessageW(control, list ? LB_GETCURSEL : CB_GETCURSEL, 0, 0) != selected)
+  // A combo box that shows the field's text is left alone: selecting the
+  // item the user is typing would select the whole text under the caret.
+  if (field.kind == FieldKind::kCombo && !reset && WindowText(control) == Utf8ToWide(field.text))
+    return;
+  if (reset || ::SendMessageW(control, list ? LB_GETCURSEL : CB_GETCURSEL, 0, 0) != selected)
     ::SendMessageW(control, list ? LB_SETCURSEL : CB_SETCURSEL, selected, 0);
   if (field.kind == FieldKind::kCombo && selected < 0) SetText(control, field.text);
 }
