@@ -93,6 +93,37 @@ struct PidlDeleter {
   void operator()(ITEMIDLIST* list) const { ::CoTaskMemFree(list); }
 };
 
+constexpr wchar_t kSteeredList[] = L"Tavrin.SteeredList";
+constexpr wchar_t kEditProcedure[] = L"Tavrin.EditProcedure";
+
+// The arrow and page keys in a text box move the selection of the list
+// below it, so the user of a filtered list types and picks without
+// leaving the text box.
+LRESULT CALLBACK SteeringEditProc(HWND edit, UINT message, WPARAM wparam, LPARAM lparam) noexcept {
+  const auto previous = reinterpret_cast<WNDPROC>(::GetPropW(edit, kEditProcedure));
+  const auto list = static_cast<HWND>(::GetPropW(edit, kSteeredList));
+  if (message == WM_KEYDOWN && list &&
+      (wparam == VK_UP || wparam == VK_DOWN || wparam == VK_PRIOR || wparam == VK_NEXT)) {
+    ::SendMessageW(list, WM_KEYDOWN, wparam, lparam);
+    return 0;
+  }
+  if (message == WM_NCDESTROY) {
+    ::SetWindowLongPtrW(edit, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(previous));
+    ::RemovePropW(edit, kSteeredList);
+    ::RemovePropW(edit, kEditProcedure);
+  }
+  return ::CallWindowProcW(previous, edit, message, wparam, lparam);
+}
+static_assert(kIsWindowProcedure<&SteeringEditProc>);
+
+void SteerListFrom(HWND edit, HWND list) {
+  if (!edit || !list || ::GetPropW(edit, kEditProcedure)) return;
+  ::SetPropW(edit, kSteeredList, list);
+  ::SetPropW(edit, kEditProcedure,
+             reinterpret_cast<HANDLE>(::GetWindowLongPtrW(edit, GWLP_WNDPROC)));
+  ::SetWindowLongPtrW(edit, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&SteeringEditProc));
+}
+
 }  // namespace
 
 DialogWindow::DialogWindow(builders::DialogModel& model, WindowsDialogHost& host,
@@ -217,6 +248,10 @@ void DialogWindow::Initialize() {
       ::SendMessageW(tabs, TCM_INSERTITEMW, p, reinterpret_cast<LPARAM>(&item));
     }
   }
+  for (std::size_t i = 0; i + 1 < fields.size(); ++i)
+    if (fields[i].kind == FieldKind::kText && fields[i + 1].kind == FieldKind::kList)
+      SteerListFrom(::GetDlgItem(dialog_, FieldId(i, kControl)),
+                    ::GetDlgItem(dialog_, FieldId(i + 1, kControl)));
   Refresh();
   PlaceWindow();
 }

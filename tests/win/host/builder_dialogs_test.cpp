@@ -229,26 +229,34 @@ constexpr char kLabels[] =
     "    Resume Done\r\n"
     "End Sub\r\n";
 
-TEST_F(BuilderDialogsTest, GoToPicksTheLabelTypedInItsList) {
+TEST_F(BuilderDialogsTest, GoToPicksTheLabelTypedAndSteeredTo) {
   Connect(kLabels, 3);
-  std::wstring listed;
-  DialogRobot robot({[&] {
-    HWND dialog = nullptr;
-    if (!Opened(dialog, L"GoTo", main_window_.get())) return false;
-    Screenshot(dialog, L"goto");
-    TypeInto(ControlOf(dialog, L"&Find:"), L"fai");
-    const HWND list = ChildOfClass(dialog, L"ListBox");
-    wchar_t item[64] = L"";
-    ::SendMessageW(list, LB_GETTEXT, ::SendMessageW(list, LB_GETCURSEL, 0, 0),
-                   reinterpret_cast<LPARAM>(item));
-    listed = item;
-    Screenshot(dialog, L"goto-filled");
-    PressKey(VK_RETURN);
-    return true;
-  }});
+  HWND dialog = nullptr;
+  std::wstring picked;
+  DialogRobot robot({
+      [&] {
+        if (!Opened(dialog, L"GoTo", main_window_.get())) return false;
+        Screenshot(dialog, L"goto");
+        // "Done" starts with "d" and comes first, "Failed" holds one.
+        TypeInto(ControlOf(dialog, L"&Find:"), L"d");
+        ::SetFocus(ControlOf(dialog, L"&Find:"));
+        PressKey(VK_DOWN);
+        return true;
+      },
+      [&] {
+        const HWND list = ChildOfClass(dialog, L"ListBox");
+        wchar_t item[64] = L"";
+        ::SendMessageW(list, LB_GETTEXT, ::SendMessageW(list, LB_GETCURSEL, 0, 0),
+                       reinterpret_cast<LPARAM>(item));
+        picked = item;
+        Screenshot(dialog, L"goto-filled");
+        PressKey(VK_RETURN);
+        return true;
+      },
+  });
   Click("&GoTo...");
   ASSERT_TRUE(robot.Finished() && !robot.GaveUp());
-  EXPECT_EQ(listed, L"Failed");
+  EXPECT_EQ(picked, L"Failed");
   // "On Error GoTo Failed", and the new line.
   const std::string module = Module();
   EXPECT_NE(module.find("GoTo Failed", module.find("GoTo Failed") + 1), std::string::npos)
