@@ -58,6 +58,19 @@ class Layouter {
       if (field.kind == FieldKind::kLabel)
         column_width_ = std::max(column_width_, std::min(Text(Shown(field)) + Inset(field), 300));
     }
+    // Four check boxes or more in a row take two columns at least.
+    for (std::size_t i = 0; i < fields_.size();) {
+      std::size_t end = i;
+      int widest = 0;
+      while (end < fields_.size() && fields_[end].kind == FieldKind::kCheck &&
+             fields_[end].group == fields_[i].group) {
+        widest = std::max(widest, Text(fields_[end].caption) + kCheckBoxWidth);
+        ++end;
+      }
+      if (end - i >= 4)
+        column_width_ = std::max(column_width_, 2 * (widest + kLabelGap) + Inset(fields_[i]) * 2);
+      i = std::max(end, i + 1);
+    }
     control_x_ = kMargin + (label_width_ ? label_width_ + kLabelGap : 0);
   }
 
@@ -205,14 +218,14 @@ class Layouter {
     FieldPlace& place = Place(run[list]);
     place.label = SideLabel(run[list], left, y + 2);
     const int list_right = buttons_width ? right - buttons_width - kLabelGap : right;
-    const int height = std::max(field.rows, 3) * kLineHeight + 4;
-    place.control = {control_x_, y, list_right - control_x_, height};
-    int bottom = y + height;
+    int bottom = y + std::max(field.rows, 3) * kLineHeight + 4;
     for (std::size_t k = list + 1; k < to; ++k) {
       const int at = y + static_cast<int>(k - list - 1) * kButtonPitch;
       Place(run[k]).control = {right - buttons_width, at, buttons_width, kButtonHeight};
       bottom = std::max(bottom, at + kButtonHeight);
     }
+    // The list is as tall as its buttons.
+    place.control = {control_x_, y, list_right - control_x_, bottom - y};
     return bottom;
   }
 

@@ -93,6 +93,37 @@ struct PidlDeleter {
   void operator()(ITEMIDLIST* list) const { ::CoTaskMemFree(list); }
 };
 
+constexpr wchar_t kSteeredList[] = L"Tavrin.SteeredList";
+constexpr wchar_t kEditProcedure[] = L"Tavrin.EditProcedure";
+
+// The arrow and page keys in a text box move the selection of the list
+// below it, so the user of a filtered list types and picks without
+// leaving the text box.
+LRESULT CALLBACK SteeringEditProc(HWND edit, UINT message, WPARAM wparam, LPARAM lparam) noexcept {
+  const auto previous = reinterpret_cast<WNDPROC>(::GetPropW(edit, kEditProcedure));
+  const auto list = static_cast<HWND>(::GetPropW(edit, kSteeredList));
+  if (message == WM_KEYDOWN && list &&
+      (wparam == VK_UP || wparam == VK_DOWN || wparam == VK_PRIOR || wparam == VK_NEXT)) {
+    ::SendMessageW(list, WM_KEYDOWN, wparam, lparam);
+    return 0;
+  }
+  if (message == WM_NCDESTROY) {
+    ::SetWindowLongPtrW(edit, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(previous));
+    ::RemovePropW(edit, kSteeredList);
+    ::RemovePropW(edit, kEditProcedure);
+  }
+  return ::CallWindowProcW(previous, edit, message, wparam, lparam);
+}
+static_assert(kIsWindowProcedure<&SteeringEditProc>);
+
+void SteerListFrom(HWND edit, HWND list) {
+  if (!edit || !list || ::GetPropW(edit, kEditProcedure)) return;
+  ::SetPropW(edit, kSteeredList, list);
+  ::SetPropW(edit, kEditProcedure,
+             reinterpret_cast<HANDLE>(::GetWindowLongPtrW(edit, GWLP_WNDPROC)));
+  ::SetWindowLongPtrW(edit, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&SteeringEditProc));
+}
+
 }  // namespace
 
 DialogWindow::DialogWindow(builders::DialogModel& model, WindowsDialogHost& host,
@@ -217,6 +248,10 @@ void DialogWindow::Initialize() {
       ::SendMessageW(tabs, TCM_INSERTITEMW, p, reinterpret_cast<LPARAM>(&item));
     }
   }
+  for (std::size_t i = 0; i + 1 < fields.size(); ++i)
+    if (fields[i].kind == FieldKind::kText && fields[i + 1].kind == FieldKind::kList)
+      SteerListFrom(::GetDlgItem(dialog_, FieldId(i, kControl)),
+                    ::GetDlgItem(dialog_, FieldId(i + 1, kControl)));
   Refresh();
   PlaceWindow();
 }
@@ -412,7 +447,8 @@ void DialogWindow::ShowPage(int page) {
 void DialogWindow::RefreshItems(std::size_t index, HWND control) {
   const Field& field = Fields()[index];
   const bool list = field.kind == FieldKind::kList;
-  if (shown_items_[index] != field.items) {
+  const bool reset = shown_items_[index] != field.items;
+  if (reset) {
     ::SendMessageW(control, list ? LB_RESETCONTENT : CB_RESETCONTENT, 0, 0);
     for (const std::string& item : field.items)
       ::SendMessageW(control, list ? LB_ADDSTRING : CB_ADDSTRING, 0,
@@ -420,7 +456,11 @@ void DialogWindow::RefreshItems(std::size_t index, HWND control) {
     shown_items_[index] = field.items;
   }
   const int selected = field.selected < static_cast<int>(field.items.size()) ? field.selected : -1;
-  if (::SendMessageW(control, list ? LB_GETCURSEL : CB_GETCURSEL, 0, 0) != selected)
+  // A combo box that shows the field's text is left alone: selecting the
+  // item the user is typing would select the whole text under the caret.
+  if (field.kind == FieldKind::kCombo && !reset && WindowText(control) == Utf8ToWide(field.text))
+    return;
+  if (reset || ::SendMessageW(control, list ? LB_GETCURSEL : CB_GETCURSEL, 0, 0) != selected)
     ::SendMessageW(control, list ? LB_SETCURSEL : CB_SETCURSEL, selected, 0);
   if (field.kind == FieldKind::kCombo && selected < 0) SetText(control, field.text);
 }
