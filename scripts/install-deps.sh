@@ -20,6 +20,7 @@ packages=(
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   libcli11-dev nlohmann-json3-dev
   chromium highlight time
+  famfamfam-silk imagemagick fonts-dejavu-core
 )
 if [[ $linux_only == 0 ]]; then
   packages+=(
