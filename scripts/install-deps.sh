@@ -28,6 +28,7 @@ if [[ $linux_only == 0 ]]; then
     binutils-mingw-w64-x86-64 binutils-mingw-w64-i686
     wine wine64
     xvfb xauth
+    wixl
   )
 fi
 
