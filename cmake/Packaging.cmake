@@ -10,6 +10,8 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY
     "Code builders and transformations for Visual Basic 6 and VBA source files")
 set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/packages)
 set(CPACK_RESOURCE_FILE_README ${PROJECT_SOURCE_DIR}/README.md)
+# The dev build keeps debug information; the packages do not.
+set(CPACK_STRIP_FILES ON)
 
 if(WIN32)
   if(CMAKE_SIZEOF_VOID_P EQUAL 8)
