@@ -8,6 +8,11 @@
 #   TAVRIN_DLL_RESOURCES    generated .rc for Tavrin.dll
 #   TAVRIN_EXE_RESOURCES    generated .rc for tavrin.exe
 
+# What the Add-In Manager shows after "Tavrin x.y.z: ", written by the DLL's
+# registration and by the installer.
+set(TAVRIN_ADDIN_DESCRIPTION "builds procedures, properties, variables and statement blocks in \
+your own naming convention, and numbers, comments and exports code.")
+
 set(TAVRIN_VERSION_HEADER ${TAVRIN_GENERATED_DIR}/tavrin_version.h)
 configure_file(${PROJECT_SOURCE_DIR}/cmake/templates/tavrin_version.h.in
                ${TAVRIN_VERSION_HEADER} @ONLY)

@@ -20,6 +20,7 @@ packages=(
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   libcli11-dev nlohmann-json3-dev
   chromium highlight time
+  famfamfam-silk imagemagick fonts-dejavu-core
 )
 if [[ $linux_only == 0 ]]; then
   packages+=(
@@ -27,6 +28,7 @@ if [[ $linux_only == 0 ]]; then
     binutils-mingw-w64-x86-64 binutils-mingw-w64-i686
     wine wine64
     xvfb xauth
+    wixl
   )
 fi
 

@@ -17,7 +17,6 @@ inline constexpr wchar_t kConnectProgId[] = L"Tavrin.Connect";
 inline constexpr wchar_t kConnectClassName[] = L"Tavrin Connect";
 inline constexpr wchar_t kAddinFriendlyName[] = L"Tavrin";
 inline constexpr wchar_t kAddinDescription[] =
-    L"Tavrin " TAVRIN_VERSION L": builds procedures, properties, variables and statement blocks in your own "
-    L"naming convention, and numbers, comments and exports code.";
+    L"Tavrin " TAVRIN_VERSION L": " TAVRIN_ADDIN_DESCRIPTION;
 
 }  // namespace tavrin::win
