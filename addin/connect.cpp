@@ -8,6 +8,7 @@
 #include "addin/ide_events.h"
 #include "addin/ignore_errors.h"
 #include "addin/project_watcher.h"
+#include "addin/tool_documents.h"
 #include "addin/toolbar.h"
 #include "resources/string_table.h"
 
@@ -144,6 +145,8 @@ void Connect::ShowToolWindow(std::string_view class_word) {
     if (!tool_window.window) return;  // reported
     tool_window.window->SetVisible(true);
     tool_window.window->SetFocus();
+    if (auto* tab_order = dynamic_cast<ITabOrderDocument*>(tool_window.document.get()))
+      tab_order->RefreshList(0);
   }
 }
 
@@ -239,6 +242,11 @@ void Connect::Teardown() noexcept {
   controls_.clear();
   watcher_loaded_ = false;
   ide_events_.clear();
+  // The IDE may keep a window's control, and its document, after we let go.
+  for (ToolWindow& tool_window : windows_) {
+    if (auto* document = dynamic_cast<IToolDocument*>(tool_window.document.get()))
+      IgnoreErrors([&] { document->Attach(nullptr); });
+  }
   windows_ = {};
   state_.reset();
 }

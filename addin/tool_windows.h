@@ -67,14 +67,13 @@ struct ToolWindow {
   std::shared_ptr<ide::IUserDocument> document;
 };
 
-// Creates the window through VBInst.Windows.CreateToolWindow.
+// Creates the window through VBInst.Windows.CreateToolWindow; a document of
+// ours is attached to `vbe` (the add-in detaches it at disconnection).
 ToolWindow CreateToolWindow(ide::IVbe& vbe, std::shared_ptr<ide::IAddIn> add_in,
                             const ToolWindowClass& window_class);
 
-// The documents of the three classes as they stand until the windows get
-// their contents: an explorer that counts as built once initialised, a tab
-// order list that ignores what it is told. Hosts register these factories
-// under ProgIdOf(class).
+// The documents of the three classes (addin/tool_documents.h), for hosts
+// without the windows of their own to register under ProgIdOf(class).
 using DocumentFactory = std::function<std::shared_ptr<ide::IUserDocument>()>;
 std::vector<std::pair<std::string, DocumentFactory>> ToolWindowDocumentClasses();
 

@@ -4,6 +4,7 @@
 #include "win/calling_convention.h"
 #include "win/com_object.h"
 #include "win/connect.h"
+#include "win/tool_window_classes.h"
 
 namespace tavrin::win {
 namespace {
@@ -56,7 +57,7 @@ static_assert(kImplements<&IClassFactory::LockServer, &ConnectFactory::LockServe
 HRESULT GetConnectClassObject(REFCLSID clsid, REFIID iid, void** object) noexcept {
   if (!object) return E_POINTER;
   *object = nullptr;
-  if (clsid != kConnectClsid) return CLASS_E_CLASSNOTAVAILABLE;
+  if (clsid != kConnectClsid) return GetToolWindowClassObject(clsid, iid, object);
   const auto factory = MakeComObject<ConnectFactory, IClassFactory>();
   if (!factory) return E_OUTOFMEMORY;
   return factory->QueryInterface(iid, object);

@@ -1,4 +1,5 @@
-// The class object of Connect, what DllGetClassObject hands to COM.
+// The class objects DllGetClassObject hands to COM: Connect's, and the
+// tool-window controls'.
 #pragma once
 
 #include "win/win_support.h"
@@ -7,7 +8,7 @@
 
 namespace tavrin::win {
 
-// CLASS_E_CLASSNOTAVAILABLE for any class but Connect's.
+// CLASS_E_CLASSNOTAVAILABLE for a class of another server.
 HRESULT GetConnectClassObject(REFCLSID clsid, REFIID iid, void** object) noexcept;
 
 }  // namespace tavrin::win

@@ -8,6 +8,7 @@
 #include "ide/events.h"
 #include "win/bitmap_picture.h"
 #include "win/com_ide_objects.h"
+#include "win/tool_window_control.h"
 
 namespace tavrin::win {
 namespace {
@@ -127,13 +128,22 @@ class ComWindows : public ComCollection<ide::IWindow, ide::IWindows> {
     auto window = windows_.CallObject("CreateToolWindow", std::move(args));
     // The by-reference argument came back holding a reference of ours.
     const auto owned = ComPtr<IDispatch>::Attach(document);
-    doc_object = owned ? std::make_shared<ComUserDocument>(windows_.Wrap(owned, "UserDocument"))
-                       : nullptr;
+    doc_object = DocumentOf(owned);
     if (!window) throw ide::Error(91, "Object variable or With block variable not set");
     return MakeWindow(windows_.Wrap(std::move(window), "Window"));
   }
 
  private:
+  // Our own controls hand back their C++ document; anything else is
+  // reached through IDispatch.
+  std::shared_ptr<ide::IUserDocument> DocumentOf(const ComPtr<IDispatch>& object) {
+    if (!object) return nullptr;
+    std::shared_ptr<ide::IUserDocument> document;
+    if (const auto ours = object.As<ITavrinToolDocument>()) ours->GetDocument(&document);
+    if (document) return document;
+    return std::make_shared<ComUserDocument>(windows_.Wrap(object, "UserDocument"));
+  }
+
   static std::shared_ptr<ide::IWindow> StandIn(std::string_view prog_id, std::string_view caption,
                                                std::shared_ptr<ide::IUserDocument>& doc_object) {
     doc_object = nullptr;

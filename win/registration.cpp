@@ -6,6 +6,7 @@
 
 #include "win/addin_identity.h"
 #include "win/registry.h"
+#include "win/tool_window_classes.h"
 
 namespace tavrin::win {
 namespace {
@@ -43,6 +44,23 @@ std::vector<Key> KeysToWrite(const std::wstring& module_path) {
       {ProgIdKeyPath(), {{L"", kConnectClassName}}},
       {ProgIdKeyPath() + L"\\CLSID", {{L"", kConnectClsidText}}},
   };
+  // The tool-window controls: an ActiveX control each (the Control key and
+  // CATID_Control), never Insertable.
+  for (const ToolWindowControlClass& control : ToolWindowControlClasses()) {
+    const std::wstring key = std::wstring(kClassesKey) + L"CLSID\\" + control.clsid_text;
+    const std::wstring misc = std::to_wstring(kToolWindowMiscStatus);
+    keys.push_back({key, {{L"", control.name}}});
+    keys.push_back({key + L"\\InprocServer32",
+                    {{L"", module_path}, {L"ThreadingModel", L"Apartment"}}});
+    keys.push_back({key + L"\\ProgID", {{L"", control.prog_id}}});
+    keys.push_back({key + L"\\Control", {}});
+    keys.push_back({key + L"\\MiscStatus", {{L"", L"0"}}});
+    keys.push_back({key + L"\\MiscStatus\\1", {{L"", misc}}});
+    keys.push_back({key + L"\\Implemented Categories\\{40FC6ED4-2438-11CF-A3DB-080036F12502}", {}});
+    keys.push_back({std::wstring(kClassesKey) + control.prog_id, {{L"", control.name}}});
+    keys.push_back({std::wstring(kClassesKey) + control.prog_id + L"\\CLSID",
+                    {{L"", control.clsid_text}}});
+  }
   for (const auto& path : AddinKeyPaths()) {
     keys.push_back({path,
                     {{L"FriendlyName", kAddinFriendlyName},
@@ -83,6 +101,10 @@ std::vector<std::wstring> AddinKeyPaths() {
 
 std::vector<std::wstring> RegisteredKeyPaths() {
   std::vector<std::wstring> paths = {ClassKeyPath(), ProgIdKeyPath()};
+  for (const ToolWindowControlClass& control : ToolWindowControlClasses()) {
+    paths.push_back(std::wstring(kClassesKey) + L"CLSID\\" + control.clsid_text);
+    paths.push_back(std::wstring(kClassesKey) + control.prog_id);
+  }
   for (auto& path : AddinKeyPaths()) paths.push_back(std::move(path));
   return paths;
 }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "tests/win/host/host_command_bars.h"
+#include "tests/win/host/host_tool_windows.h"
 
 namespace tavrin::test_host {
 namespace {
@@ -29,7 +30,8 @@ Variant ObjectOf(std::shared_ptr<T> object, Make<T> make) {
 // Count, Item(number or name), and Parent when the collection has one.
 template <class T, class C>
 ComPtr<IDispatch> MakeCollection(std::shared_ptr<C> items, Make<T> make,
-                                 std::function<Variant()> parent = nullptr) {
+                                 std::function<Variant()> parent = nullptr,
+                                 std::vector<HostMember> more = {}) {
   std::vector<HostMember> members = {
       Property(L"Count", [items] { return Variant::Long(items->Count()); }),
       Method(L"Item", 1, 1,
@@ -39,6 +41,7 @@ ComPtr<IDispatch> MakeCollection(std::shared_ptr<C> items, Make<T> make,
              }),
   };
   if (parent) members.push_back(Property(L"Parent", std::move(parent)));
+  for (HostMember& member : more) members.push_back(std::move(member));
   return MakeHostObject(std::move(members));
 }
 
@@ -246,7 +249,9 @@ ComPtr<IDispatch> MakeHostVbe(std::shared_ptr<ide::memory::MemoryVbe> vbe, HWND 
       Property(L"Windows",
                [vbe] {
                  return Variant::Object(
-                     MakeCollection<IWindow>(vbe->Windows(), &MakeWindow).get());
+                     MakeCollection<IWindow>(vbe->Windows(), &MakeWindow, nullptr,
+                                             {CreateToolWindowMember()})
+                         .get());
                }),
       Property(L"CommandBars", [vbe] { return Variant::Object(MakeHostCommandBars(vbe).get()); }),
       Property(L"Events", [vbe] { return Variant::Object(MakeHostEvents(vbe).get()); }),

@@ -1,0 +1,166 @@
+#include "addin/tool_documents.h"
+
+#include <utility>
+
+#include "formtools/verify_shortcuts.h"
+
+namespace tavrin::addin {
+namespace {
+
+void AddPlaces(const toolwindows::Node& node, MemberPlace place,
+               std::vector<MemberPlace>& places) {
+  if (node.kind == toolwindows::NodeKind::kProject) place.project = node.caption;
+  if (node.kind == toolwindows::NodeKind::kComponent) place.component = node.caption;
+  place.line = node.line;
+  places.push_back(place);
+  for (const toolwindows::Node& child : node.children) AddPlaces(child, place, places);
+}
+
+}  // namespace
+
+void GoToMember(ide::IVbe& vbe, const MemberPlace& place) {
+  const auto project = vbe.VBProjects()->Item(place.project);
+  const auto module = project->VBComponents()->Item(place.component)->CodeModule();
+  if (!module) throw ide::Error(5, place.component + " has no code");
+  const auto pane = module->CodePane();
+  pane->Show();
+  const int line = place.line > 0 ? place.line : 1;
+  pane->SetSelection({line, 1, line, 1});
+}
+
+std::vector<MemberPlace> PlacesOf(const std::vector<toolwindows::Node>& tree) {
+  std::vector<MemberPlace> places;
+  for (const toolwindows::Node& node : tree) AddPlaces(node, {}, places);
+  return places;
+}
+
+// Code Explorer
+
+void CodeExplorerDocument::Attach(ide::IVbe* vbe) {
+  vbe_ = vbe;
+  model_.reset();
+  built_ = false;
+  if (vbe_) model_.emplace(*vbe_);
+}
+
+void CodeExplorerDocument::Initialize(bool) {
+  if (!model_) return;
+  model_->Build();
+  built_ = true;
+  Show();
+}
+
+void CodeExplorerDocument::VBProjectAdd(std::shared_ptr<ide::IProject> project) {
+  if (!model_ || !project) return;
+  const auto components = project->VBComponents();
+  for (int i = 1; i <= components->Count(); ++i) model_->Refresh(*components->Item(i));
+  Show();
+}
+
+void CodeExplorerDocument::VBProjectRemove(std::string_view) {
+  // The model keeps projects by name only; reading them all again drops the
+  // one that went.
+  Initialize(true);
+}
+
+void CodeExplorerDocument::VBComponentAdd(std::shared_ptr<ide::IComponent> component) {
+  if (!model_ || !component) return;
+  model_->Refresh(*component);
+  Show();
+}
+
+void CodeExplorerDocument::VBComponentRemove(std::string_view project_name,
+                                             std::string_view component_name) {
+  if (!model_) return;
+  model_->Remove(project_name, component_name);
+  Show();
+}
+
+void CodeExplorerDocument::GoTo(const MemberPlace& place) {
+  if (vbe_ && !place.component.empty()) GoToMember(*vbe_, place);
+}
+
+void CodeExplorerDocument::Show() {
+  tree_ = model_ ? model_->Tree() : std::vector<toolwindows::Node>{};
+  places_ = PlacesOf(tree_);
+  Changed();
+}
+
+// Shortcuts and Search
+
+void SearchDocument::Attach(ide::IVbe* vbe) {
+  vbe_ = vbe;
+  results_.clear();
+  index_.reset();
+  Changed();
+}
+
+void SearchDocument::Rebuild() {
+  results_.clear();
+  index_.reset();
+  if (!vbe_) return;
+  toolwindows::CodeExplorer explorer(*vbe_);
+  explorer.Build();
+  index_.emplace(explorer.Tree());
+}
+
+void SearchDocument::Search(std::string_view query) {
+  if (!index_) Rebuild();
+  results_ = index_ && !query.empty() ? index_->Find(query) : std::vector<toolwindows::SearchResult>{};
+  Changed();
+}
+
+bool SearchDocument::GoTo(std::size_t position) {
+  if (!vbe_ || position >= results_.size()) return false;
+  const toolwindows::SearchEntry& entry = *results_[position].entry;
+  GoToMember(*vbe_, {entry.project, entry.component, entry.line});
+  return true;
+}
+
+// Tab order
+
+void TabOrderDocument::Attach(ide::IVbe* vbe) {
+  vbe_ = vbe;
+  model_.reset();  // the stops hold the IDE's controls
+  Changed();
+}
+
+void TabOrderDocument::RefreshList(int) {
+  model_.reset();
+  if (vbe_) {
+    if (const auto designer = formtools::ActiveFormDesigner(*vbe_)) model_.emplace(*designer);
+  }
+  Changed();
+}
+
+const std::vector<toolwindows::TabStop>& TabOrderDocument::Stops() const {
+  static const std::vector<toolwindows::TabStop> kNone;
+  return model_ ? model_->Stops() : kNone;
+}
+
+bool TabOrderDocument::MoveUp(std::size_t position) {
+  const bool moved = model_ && model_->MoveUp(position);
+  if (moved) Changed();
+  return moved;
+}
+
+bool TabOrderDocument::MoveDown(std::size_t position) {
+  const bool moved = model_ && model_->MoveDown(position);
+  if (moved) Changed();
+  return moved;
+}
+
+void TabOrderDocument::OrderByPosition() {
+  if (!model_) return;
+  model_->OrderByPosition();
+  Changed();
+}
+
+int TabOrderDocument::Apply() {
+  if (!model_) return 0;
+  const int written = model_->Apply();
+  Changed();
+  return written;
+}
+
+}  // namespace tavrin::addin

@@ -1,0 +1,104 @@
+// The Code Explorer window: a tree view of the document's tree, with the
+// kind of each node as its image. Double-click or Enter on a member shows
+// it in its code pane.
+#include "addin/tool_documents.h"
+#include "win/tool_panes.h"
+
+namespace tavrin::win {
+namespace {
+
+class CodeExplorerPane final : public ToolPane, public addin::DocumentView {
+ public:
+  CodeExplorerPane() : document_(std::make_shared<addin::CodeExplorerDocument>()) {
+    document_->SetView(this);
+  }
+  ~CodeExplorerPane() override { document_->SetView(nullptr); }
+
+  void Create(HWND parent, HFONT font, PaneHost& host) override {
+    host_ = &host;
+    tree_ = CreateChild(parent, WC_TREEVIEWW, L"",
+                        WS_TABSTOP | TVS_HASLINES | TVS_LINESATROOT | TVS_HASBUTTONS |
+                            TVS_SHOWSELALWAYS,
+                        kExplorerTreeId, font, WS_EX_CLIENTEDGE);
+    images_ = MakeTreeImages();
+    TreeView_SetImageList(tree_, images_.get(), TVSIL_NORMAL);
+    document_->MarkOpened();
+    Fill();
+  }
+  void Destroyed() override { tree_ = nullptr; }
+  void Layout(int width, int height) override {
+    if (tree_) ::MoveWindow(tree_, 0, 0, width, height, TRUE);
+  }
+  LRESULT Command(WPARAM, LPARAM) override { return 0; }
+  LRESULT Notify(const NMHDR& header) override {
+    if (header.hwndFrom != tree_) return 0;
+    if (header.code == NM_SETFOCUS) host_->ChildFocused();
+    if (header.code == NM_DBLCLK) return GoToSelected() ? TRUE : FALSE;
+    return 0;
+  }
+  bool HandleKey(const MSG& message) override {
+    if (message.hwnd != tree_ || message.wParam != VK_RETURN) return false;
+    GoToSelected();
+    return true;
+  }
+  HWND FirstChild() const override { return tree_; }
+  std::shared_ptr<ide::IUserDocument> Document() const override { return document_; }
+
+  void DocumentChanged() override { Fill(); }
+
+ private:
+  void Fill() {
+    if (!tree_) return;
+    ::SendMessageW(tree_, WM_SETREDRAW, FALSE, 0);
+    TreeView_DeleteAllItems(tree_);
+    std::size_t index = 0;
+    for (const toolwindows::Node& node : document_->Tree()) Insert(node, TVI_ROOT, 0, index);
+    ::SendMessageW(tree_, WM_SETREDRAW, TRUE, 0);
+    ::InvalidateRect(tree_, nullptr, TRUE);
+  }
+
+  // Items carry the index of their node's place (document order).
+  void Insert(const toolwindows::Node& node, HTREEITEM parent, int depth, std::size_t& index) {
+    std::wstring text = Utf8ToWide(node.caption);
+    TVINSERTSTRUCTW insert{};
+    insert.hParent = parent;
+    insert.hInsertAfter = TVI_LAST;
+    insert.item.mask = TVIF_TEXT | TVIF_PARAM | TVIF_IMAGE | TVIF_SELECTEDIMAGE;
+    insert.item.pszText = text.data();
+    insert.item.lParam = static_cast<LPARAM>(index++);
+    insert.item.iImage = insert.item.iSelectedImage = TreeImageOf(node);
+    const auto item = reinterpret_cast<HTREEITEM>(
+        ::SendMessageW(tree_, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insert)));
+    for (const toolwindows::Node& child : node.children) Insert(child, item, depth + 1, index);
+    // Projects and their folders open; components closed.
+    if (depth < 2 && !node.children.empty()) TreeView_Expand(tree_, item, TVE_EXPAND);
+  }
+
+  // A member, or a component without members; true when it went there.
+  bool GoToSelected() {
+    const HTREEITEM item = TreeView_GetSelection(tree_);
+    if (!item) return false;
+    TVITEMW data{};
+    data.mask = TVIF_PARAM | TVIF_CHILDREN;
+    data.hItem = item;
+    TreeView_GetItem(tree_, &data);
+    const auto& places = document_->Places();
+    const auto index = static_cast<std::size_t>(data.lParam);
+    if (index >= places.size()) return false;
+    const addin::MemberPlace& place = places[index];
+    if (place.component.empty() || (place.line == 0 && data.cChildren)) return false;
+    document_->GoTo(place);
+    return true;
+  }
+
+  std::shared_ptr<addin::CodeExplorerDocument> document_;
+  PaneHost* host_ = nullptr;
+  HWND tree_ = nullptr;  // a child of the control's window, destroyed with it
+  UniqueImageList images_;
+};
+
+}  // namespace
+
+std::unique_ptr<ToolPane> MakeCodeExplorerPane() { return std::make_unique<CodeExplorerPane>(); }
+
+}  // namespace tavrin::win

@@ -1,0 +1,127 @@
+// The Shortcuts and Search window: a search box and the ranked results,
+// updated as the user types. Enter (in the box or the list) or a
+// double-click goes to the chosen name; Down moves from the box to the list.
+#include <algorithm>
+
+#include "addin/tool_documents.h"
+#include "win/tool_panes.h"
+
+namespace tavrin::win {
+namespace {
+
+constexpr int kMargin = 4;
+
+std::wstring KindText(toolwindows::NodeKind kind) {
+  switch (kind) {
+    case toolwindows::NodeKind::kProcedure: return L"Sub";
+    case toolwindows::NodeKind::kFunction: return L"Function";
+    case toolwindows::NodeKind::kProperty: return L"Property";
+    default: return ResourceText(2026);  // "Module"
+  }
+}
+
+class SearchPane final : public ToolPane, public addin::DocumentView {
+ public:
+  SearchPane() : document_(std::make_shared<addin::SearchDocument>()) {
+    document_->SetView(this);
+  }
+  ~SearchPane() override { document_->SetView(nullptr); }
+
+  void Create(HWND parent, HFONT font, PaneHost& host) override {
+    host_ = &host;
+    edit_ = CreateChild(parent, WC_EDITW, L"", WS_TABSTOP | ES_AUTOHSCROLL, kSearchEditId, font,
+                        WS_EX_CLIENTEDGE);
+    const std::wstring cue = ResourceText(2029);
+    ::SendMessageW(edit_, EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(cue.c_str()));
+    list_ = CreateChild(parent, WC_LISTVIEWW, L"",
+                        WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS |
+                            LVS_NOSORTHEADER,
+                        kSearchListId, font, WS_EX_CLIENTEDGE);
+    AddListColumns(list_, {{2024, 160}, {2025, 70}, {2026, 110}});
+    TEXTMETRICW metrics{};
+    const HDC dc = ::GetDC(edit_);
+    const HGDIOBJ old = ::SelectObject(dc, font);
+    ::GetTextMetricsW(dc, &metrics);
+    ::SelectObject(dc, old);
+    ::ReleaseDC(edit_, dc);
+    edit_height_ = metrics.tmHeight + 8;
+  }
+  void Destroyed() override { edit_ = list_ = nullptr; }
+  void Layout(int width, int height) override {
+    if (!edit_) return;
+    const int inner = std::max(0, width - 2 * kMargin);
+    ::MoveWindow(edit_, kMargin, kMargin, inner, edit_height_, TRUE);
+    const int top = 2 * kMargin + edit_height_;
+    ::MoveWindow(list_, kMargin, top, inner, std::max(0, height - top - kMargin), TRUE);
+    FitListColumns(list_, {46, 24, 30});
+  }
+  LRESULT Command(WPARAM wparam, LPARAM lparam) override {
+    if (reinterpret_cast<HWND>(lparam) != edit_) return 0;
+    if (HIWORD(wparam) == EN_SETFOCUS) {
+      host_->ChildFocused();
+      // The projects may have changed since the last search.
+      document_->Rebuild();
+      document_->Search(WideToUtf8(Text()));
+    }
+    if (HIWORD(wparam) == EN_CHANGE) document_->Search(WideToUtf8(Text()));
+    return 0;
+  }
+  LRESULT Notify(const NMHDR& header) override {
+    if (header.hwndFrom != list_) return 0;
+    if (header.code == NM_SETFOCUS) host_->ChildFocused();
+    if (header.code == NM_DBLCLK) GoTo(SelectedRow(list_));
+    return 0;
+  }
+  bool HandleKey(const MSG& message) override {
+    if (message.wParam == VK_RETURN && (message.hwnd == edit_ || message.hwnd == list_)) {
+      GoTo(std::max(0, SelectedRow(list_)));
+      return true;
+    }
+    if (message.wParam == VK_DOWN && message.hwnd == edit_ && !document_->Results().empty()) {
+      ::SetFocus(list_);
+      SelectRow(list_, std::max(0, SelectedRow(list_)));
+      return true;
+    }
+    return false;
+  }
+  HWND FirstChild() const override { return edit_; }
+  std::shared_ptr<ide::IUserDocument> Document() const override { return document_; }
+
+  void DocumentChanged() override {
+    if (!list_) return;
+    ::SendMessageW(list_, WM_SETREDRAW, FALSE, 0);
+    ListView_DeleteAllItems(list_);
+    int row = 0;
+    for (const toolwindows::SearchResult& result : document_->Results()) {
+      const toolwindows::SearchEntry& entry = *result.entry;
+      SetListRow(list_, row++, {Utf8ToWide(entry.name), KindText(entry.kind),
+                                Utf8ToWide(entry.component)});
+    }
+    SelectRow(list_, row > 0 ? 0 : -1);
+    ::SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
+    ::InvalidateRect(list_, nullptr, TRUE);
+  }
+
+ private:
+  std::wstring Text() const {
+    std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(edit_)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(::GetWindowTextW(edit_, text.data(),
+                                                          static_cast<int>(text.size()))));
+    return text;
+  }
+  void GoTo(int row) {
+    if (row >= 0) document_->GoTo(static_cast<std::size_t>(row));
+  }
+
+  std::shared_ptr<addin::SearchDocument> document_;
+  PaneHost* host_ = nullptr;
+  HWND edit_ = nullptr;  // children of the control's window, destroyed with it
+  HWND list_ = nullptr;
+  int edit_height_ = 20;
+};
+
+}  // namespace
+
+std::unique_ptr<ToolPane> MakeSearchPane() { return std::make_unique<SearchPane>(); }
+
+}  // namespace tavrin::win
