@@ -35,5 +35,10 @@ Command AddTemplateCommand(CLI::App& app);
 Command AddTreeCommand(CLI::App& app);
 Command AddFindCommand(CLI::App& app);
 Command AddTabOrderCommand(CLI::App& app);
+Command AddVariableCommand(CLI::App& app);
+Command AddConstantCommand(CLI::App& app);
+Command AddPropertyCommand(CLI::App& app);
+Command AddEnumCommand(CLI::App& app);
+Command AddTypeCommand(CLI::App& app);
 
 }  // namespace tavrin::cli

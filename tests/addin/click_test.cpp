@@ -5,6 +5,7 @@
 
 #include <set>
 
+#include "addin/declaration_builders.h"
 #include "addin/tool_commands.h"
 #include "tests/addin/connect_fixture.h"
 #include "tests/support/code_lines.h"
@@ -93,7 +94,9 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
   }
   EXPECT_EQ(seen, (std::set<Operation>{nullptr, RunCodeLines, RunAddProcedure, OpenWebPage,
                                        RunShowToolWindow, RunLineNumbers, RunCommentLines,
-                                       RunVerifyShortcuts, RunSettingsDialog}));
+                                       RunVerifyShortcuts, RunSettingsDialog, RunAddVariable,
+                                       RunAddConstant, RunAddProperty, RunNewBlock,
+                                       RunAddBlockItem}));
 }
 
 TEST_F(ClickTest, CodeCommandsDoNothingWithoutACodeWindow) {
