@@ -156,6 +156,7 @@ class Scanner {
   bool in_block_ = false;
   Declaration block_decl_;
   std::size_t block_index_ = 0;  // the block's entry in the declarations
+  bool line_start_ = false;      // the statement is the first of its line
   int line_ = 0;       // the first line of the current statement
   int last_line_ = 0;  // its last line
 };
@@ -208,6 +209,7 @@ bool Scanner::ProcedureStart(std::string_view text, DeclScope scope) {
     return false;
   }
   proc.name = std::string(TakeName(text));
+  if (proc.name.empty()) return false;
   if (!text.empty() && kTypeChars.find(text[0]) != std::string_view::npos) {
     proc.return_type = TypeFromTypeChar(text[0]);
     text = text.substr(1);
@@ -283,7 +285,7 @@ void Scanner::Statement(std::string_view text) {
   }
   const std::string_view whole = text;
   // A procedure that opens before the last one ended ends it.
-  if (proc_ && StartsProcedure(text)) {
+  if (proc_ && line_start_ && proc_->line < line_ && StartsProcedure(text)) {
     proc_->end_line = line_ - 1;
     proc_ = nullptr;
   }
@@ -312,7 +314,8 @@ void Scanner::Statement(std::string_view text) {
     else
       body_started_ = true;
   }
-  if (!proc_ && ProcedureStart(is_static ? whole : text, scope)) return;
+  // A procedure opens a line; after a ":" it would not compile.
+  if (!proc_ && line_start_ && ProcedureStart(is_static ? whole : text, scope)) return;
   if (TakeWord(text, "Const")) {
     if (!keyword && !proc_) scope = DeclScope::kModule;
     return Declarators(text, DeclKind::kConstant, scope, false, false);
@@ -350,6 +353,11 @@ void Scanner::LogicalLine(std::string_view text, int first, int last) {
     std::string_view rest = text;
     const std::string_view name = TakeName(rest);
     if (!name.empty() && rest.starts_with(":") && !rest.starts_with(":=")) {
+      // A procedure that opens after the label ends the one before it.
+      if (proc_ && proc_->line < first && StartsProcedure(TrimLeftBlanks(rest.substr(1)))) {
+        proc_->end_line = first - 1;
+        proc_ = nullptr;
+      }
       if (proc_) {
         Declaration label;
         label.kind = DeclKind::kLabel;
@@ -363,10 +371,12 @@ void Scanner::LogicalLine(std::string_view text, int first, int last) {
     }
   }
   if (StartsWithIgnoreCase(text, "Rem ") || EqualsIgnoreCase(text, "Rem")) return;
+  line_start_ = true;
   if (text.find(':') == std::string_view::npos) return Statement(text);
   for (std::string_view statement : SplitOutside(text, ':')) {
     if (StartsWithIgnoreCase(statement, "Rem ")) break;
     Statement(statement);
+    line_start_ = false;
   }
 }
 

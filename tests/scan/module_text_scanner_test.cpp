@@ -173,6 +173,9 @@ TEST(ModuleTextScannerTest, SurvivesBrokenCode) {
   EXPECT_EQ(scan.procedures[0].locals.size(), 1u);
   EXPECT_EQ(scan.procedures[1].end_line, 4);
   EXPECT_TRUE(ScanModuleText("").procedures.empty());
+  // A procedure opens only a line; after a label it ends the one before.
+  EXPECT_EQ(ScanModuleText("Sub A(): Sub B()\r\nEnd Sub").procedures.size(), 1u);
+  EXPECT_EQ(ScanModuleText("Sub A()\r\nL1: Sub B()\r\nEnd Sub").procedures[0].locals.size(), 0u);
   EXPECT_TRUE(ScanModuleText(" _\r\n:\r\n'").declarations.empty());
 }
 
