@@ -127,7 +127,7 @@ std::vector<std::string> VariablesInScope(Context& context, bool objects_only) {
     const int count = module->CountOfDeclarationLines();
     const std::string declarations = count > 0 ? module->Lines(1, count) : "";
     const auto procedure = ProcedureAtCaret(context);
-    const std::string_view code = procedure ? procedure->def.ProcCode() : "";
+    const std::string code = procedure ? procedure->def.ProcCode() : "";
     const scan::C4_ProcArguments none;
     const scan::C4_ProcArguments& arguments = procedure ? procedure->def.ProcArguments() : none;
     names = objects_only ? builders::ObjectVariablesOf(declarations, code, arguments)

@@ -47,6 +47,8 @@ int InsertProcedureText(ide::ICodeModule& module, int caret_line, const std::str
   }
   // A blank line between the procedure and its neighbours.
   std::string text = code;
+  // The generator ends its text with a line break; InsertLines adds its own.
+  if (text.ends_with("\r\n")) text.resize(text.size() - 2);
   if (line > 1 && !IsBlankOrEmpty(module.Lines(line - 1, 1))) text = "\r\n" + text;
   if (line <= count && !IsBlankOrEmpty(module.Lines(line, 1))) text += "\r\n";
   module.InsertLines(line, text);

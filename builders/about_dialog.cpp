@@ -1,5 +1,7 @@
 #include "builders/about_dialog.h"
 
+#include "resources/string_table.h"
+#include "resources/toolbar_pictures.h"
 #include "tavrin_version.h"
 
 namespace tavrin::builders {
@@ -8,13 +10,15 @@ namespace {
 constexpr std::string_view kDescription =
     "Builds Visual Basic code in your own naming convention: procedures, call lines, "
     "statement blocks and error handlers, inserted at the caret.";
-constexpr std::string_view kLicence =
-    "Tavrin is free software under the MIT License: you may use, copy, change and share it, "
-    "provided the copyright notice goes with it. It comes without any warranty.";
 constexpr std::string_view kCredits =
     "Written by the Tavrin developers.\r\n"
     "The add-in uses only the C++ standard library and the Windows API; the command-line "
-    "tool uses CLI11 and JSON for Modern C++ (nlohmann/json); the tests use GoogleTest.";
+    "tool uses CLI11 and JSON for Modern C++ (nlohmann/json); the tests use GoogleTest.\r\n";
+
+std::string Credits() {
+  return std::string(kCredits) +
+         std::string(resources::LoadResString(resources::kPictureCreditId));
+}
 
 Field Text(std::string id, FieldKind kind, std::string_view text, int rows = 1) {
   Field field = MakeField(std::move(id), kind);
@@ -32,15 +36,13 @@ AboutDialog::AboutDialog() {
   fields_.back().caption = fields_.back().text;
   fields_.push_back(Text("description", FieldKind::kLabel, kDescription, 2));
   fields_.back().caption = fields_.back().text;
-  fields_.push_back(Text("licence", FieldKind::kPreview, kLicence, 3));
-  fields_.back().caption = "Licence:";
-  fields_.push_back(Text("credits", FieldKind::kPreview, kCredits, 4));
+  fields_.push_back(Text("credits", FieldKind::kPreview, Credits(), 6));
   fields_.back().caption = "Credits:";
 }
 
 std::string AboutText() {
   return ProductAndVersion() + "\r\n\r\n" + std::string(kDescription) + "\r\n\r\n" +
-         std::string(kLicence) + "\r\n\r\n" + std::string(kCredits);
+         Credits();
 }
 
 }  // namespace tavrin::builders

@@ -1,8 +1,32 @@
 #include "builders/scripted_dialog_host.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace tavrin::builders {
+namespace {
+
+// What giving a value to a field means, by its kind.
+std::optional<DialogAction::Op> SetAction(const Field& field, std::string_view value) {
+  using Op = DialogAction::Op;
+  switch (field.kind) {
+    case FieldKind::kCheck:
+      if (value == "true" || value == "1" || value == "yes") return Op::kCheck;
+      if (value == "false" || value == "0" || value == "no") return Op::kUncheck;
+      return std::nullopt;
+    case FieldKind::kChoice:
+    case FieldKind::kList:
+      return Op::kPick;
+    case FieldKind::kCombo:
+      return std::find(field.items.begin(), field.items.end(), value) != field.items.end()
+                 ? Op::kPick
+                 : Op::kText;
+    default:
+      return Op::kText;
+  }
+}
+
+}  // namespace
 
 void ScriptedDialogHost::Answer(const std::string& title, DialogScript script) {
   scripts_[title].push_back(std::move(script));
@@ -16,7 +40,7 @@ bool ScriptedDialogHost::Show(DialogModel& model) {
   const DialogScript script = std::move(queue.front());
   queue.erase(queue.begin());
   using Op = DialogAction::Op;
-  for (const DialogAction& action : script) {
+  for (DialogAction action : script) {
     if (action.op == Op::kCancel) return false;
     if (action.op == Op::kOk) {
       if (const auto refusal = model.Accept()) {
@@ -29,6 +53,14 @@ bool ScriptedDialogHost::Show(DialogModel& model) {
     if (!field || !field->enabled || !field->visible) {
       errors.push_back(title + ": no usable field " + action.id);
       return false;
+    }
+    if (action.op == Op::kSet) {
+      if (const auto resolved = SetAction(*field, action.value)) {
+        action.op = *resolved;
+      } else {
+        errors.push_back(title + ": " + action.id + " takes true or false, not " + action.value);
+        return false;
+      }
     }
     switch (action.op) {
       case Op::kText:

@@ -12,7 +12,9 @@
 namespace tavrin::builders {
 
 struct DialogAction {
-  enum class Op { kText, kCheck, kUncheck, kPick, kPress, kOk, kCancel };
+  // kSet gives a value as the field takes it: the text of a text box, the
+  // item of a list, "true" or "false" for a check box.
+  enum class Op { kText, kCheck, kUncheck, kPick, kSet, kPress, kOk, kCancel };
   Op op = Op::kCancel;
   std::string id;
   std::string value;  // the text typed, or the item picked
@@ -25,6 +27,9 @@ struct DialogAction {
   }
   static DialogAction Pick(std::string id, std::string item) {
     return {Op::kPick, std::move(id), std::move(item)};
+  }
+  static DialogAction Set(std::string id, std::string value) {
+    return {Op::kSet, std::move(id), std::move(value)};
   }
   static DialogAction Press(std::string id) { return {Op::kPress, std::move(id), ""}; }
   static DialogAction Ok() { return {Op::kOk, "", ""}; }

@@ -30,6 +30,7 @@ Command AddCommandsCommand(CLI::App& app);
 Command AddProcsCommand(CLI::App& app);
 Command AddDeclCommand(CLI::App& app);
 Command AddProcedureCommand(CLI::App& app);
+Command AddCallCommand(CLI::App& app);
 Command AddHeaderCommand(CLI::App& app);
 Command AddTemplateCommand(CLI::App& app);
 Command AddTreeCommand(CLI::App& app);

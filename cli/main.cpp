@@ -49,7 +49,8 @@ int main(int argc, char **argv) {
       AddTreeCommand(app),       AddFindCommand(app),
       AddTabOrderCommand(app),   AddVariableCommand(app),
       AddConstantCommand(app),   AddPropertyCommand(app),
-      AddEnumCommand(app),       AddTypeCommand(app)};
+      AddEnumCommand(app),       AddTypeCommand(app),
+      AddCallCommand(app)};
 
   const std::vector<std::string> arguments = tavrin::platform::Utf8Arguments(argc, argv);
   std::vector<const char*> argument_pointers;

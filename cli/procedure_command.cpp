@@ -1,12 +1,21 @@
 #include <iostream>
 #include <memory>
+#include <optional>
 
+#include "addin/code_line_commands.h"
+#include "addin/procedure_builder.h"
 #include "base/text.h"
+#include "base/utf8.h"
+#include "cli/answer_file.h"
 #include "cli/command.h"
+#include "cli/positions.h"
+#include "cli/source_session.h"
 #include "cli/template_session.h"
 #include "cli/usage_error.h"
 #include "codegen/procedure_generator.h"
 #include "codegen/templates.h"
+#include "ide/memory/memory_vbe.h"
+#include "platform/std_file_system.h"
 #include "scan/proc_arguments.h"
 
 namespace tavrin::cli {
@@ -28,7 +37,63 @@ struct ProcedureArguments {
   bool error_handler = false;
   bool return_line = false;
   bool hourglass = false;
+  std::string insert;  // the module the procedure goes into
+  PositionOptions position;
+  std::string answers;  // answers to the procedure builder's dialogs
 };
+
+// Inserts into the module at the caret as the add-in does: below the
+// procedure at the caret, never inside one; the file is rewritten.
+void InsertIntoModule(const GlobalOptions& globals, const ProcedureArguments& arguments,
+                      const std::string& code, const codegen::clsProcedure& procedure) {
+  platform::StdFileSystem files;
+  SourceSession target(files, arguments.insert);
+  const auto pane = target.Pane();
+  const auto module = pane->CodeModule();
+  pane->SetSelection(ResolvePosition(arguments.position, *module));
+  const ide::ProcKind kind = procedure.PropertyType == "Get"   ? ide::ProcKind::kGet
+                             : procedure.PropertyType == "Let" ? ide::ProcKind::kLet
+                             : procedure.PropertyType == "Set" ? ide::ProcKind::kSet
+                                                               : ide::ProcKind::kProc;
+  const int line = addin::InsertProcedureText(*module, pane->GetSelection().start_line, code,
+                                              procedure.Name, kind);
+  const int column = utf8::CharCount(module->Lines(line, 1)) + 1;
+  pane->SetSelection({line, column, line, column});
+  OutputOptions output;
+  output.in_place = true;
+  target.WriteResult(output, globals.json, std::cout);
+}
+
+// The procedure builder answered from a file, writing into the module at
+// the caret (or printing what it would write).
+int RunProcedureBuilder(const GlobalOptions& globals, const ProcedureArguments& arguments) {
+  builders::ScriptedDialogHost host;
+  LoadAnswerFile(arguments.answers, host);
+  AddinSession session(globals);
+  const fragments::Settings settings = session.Load(/*interactive=*/false);
+  platform::TerminalUi ui(globals.answers, StandardInputIsTerminal(), std::cin, std::cerr);
+  platform::FixedIdeOptions ide_options(globals.tab_width);
+  const auto vbe = ide::memory::MemoryVbe::Create();
+  platform::StdFileSystem files;
+  std::optional<SourceSession> target;
+  if (!arguments.insert.empty()) target.emplace(files, arguments.insert);
+  addin::Context context{target ? target->Vbe() : *vbe, ui, ide_options, &settings,
+                         &session.Files(), &host};
+  builders::ProcedureTarget module;
+  module.module_name = arguments.module;
+  if (target) module = addin::ProcedureTargetOf(target->Vbe(), *target->Pane()->CodeModule());
+  builders::ProcedureDialog dialog(module, settings.values, addin::TemplateEnvironmentOf(context));
+  const bool confirmed = host.Show(dialog);
+  CheckAnswered(host, confirmed);
+  if (!confirmed) return kDone;
+  if (!target) {
+    const std::string code = dialog.Code();
+    std::cout.write(code.data(), static_cast<std::streamsize>(code.size()));
+    return kDone;
+  }
+  InsertIntoModule(globals, arguments, dialog.Code(), dialog.Procedure());
+  return kDone;
+}
 
 // An argument written in Visual Basic syntax, read by the declaration parser.
 codegen::clsArgument ArgumentFrom(std::string_view text, int position) {
@@ -54,6 +119,10 @@ codegen::clsArgument ArgumentFrom(std::string_view text, int position) {
 std::string OneLine(std::string text) { return ReplaceAll(text, "\r\n", " "); }
 
 int RunProcedure(const GlobalOptions& globals, const ProcedureArguments& arguments) {
+  if (!arguments.insert.empty() && !HasPosition(arguments.position))
+    throw UsageError("--insert needs the caret: --caret L:C");
+  if (!arguments.answers.empty()) return RunProcedureBuilder(globals, arguments);
+  if (arguments.name.empty()) throw UsageError("procedure needs --name, or --answers");
   if (arguments.type != "Sub" && arguments.type != "Function" && arguments.type != "Property")
     throw UsageError("--type must be Sub, Function or Property");
   if (arguments.type == "Property" && arguments.property != "Get" &&
@@ -98,6 +167,10 @@ int RunProcedure(const GlobalOptions& globals, const ProcedureArguments& argumen
   }
   procedure.SetEnvironment(std::move(environment));
   const std::string code = procedure.GenerateCode();
+  if (!arguments.insert.empty()) {
+    InsertIntoModule(globals, arguments, code, procedure);
+    return kDone;
+  }
   std::cout.write(code.data(), static_cast<std::streamsize>(code.size()));
   return kDone;
 }
@@ -107,7 +180,7 @@ int RunProcedure(const GlobalOptions& globals, const ProcedureArguments& argumen
 Command AddProcedureCommand(CLI::App& app) {
   auto a = std::make_shared<ProcedureArguments>();
   CLI::App* command = app.add_subcommand("procedure", "Prints a generated procedure");
-  command->add_option("--name", a->name, "The procedure's name")->required();
+  command->add_option("--name", a->name, "The procedure's name");
   command->add_option("--type", a->type, "Sub, Function or Property (default Sub)");
   command->add_option("--property", a->property, "Get, Let or Set, for a Property");
   command->add_option("--access", a->access, "Public (default), Private or Friend");
@@ -124,6 +197,11 @@ Command AddProcedureCommand(CLI::App& app) {
   command->add_flag("--error-handler", a->error_handler, "Merge the error handler");
   command->add_flag("--return-line", a->return_line, "Merge the return line");
   command->add_flag("--hourglass", a->hourglass, "Merge the hourglass lines of the host");
+  command->add_option("-i,--insert", a->insert,
+                      "Insert into this module at the caret, below the procedure there");
+  AddPositionOptions(*command, a->position);
+  command->add_option("--answers", a->answers,
+                      "A JSON answer file for the dialogs \"Add Procedure\" and \"Argument\"");
   return {command, [a](const GlobalOptions& globals) { return RunProcedure(globals, *a); }};
 }
 

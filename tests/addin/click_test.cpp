@@ -72,8 +72,12 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
     // Error handling first says that the project lacks its error module.
     const bool asks_for_form = row.run == RunVerifyShortcuts;
     const bool misses_error_module = row.argument == "ErrorHandling";
+    // Without a dialog host the builders and the Help windows say so or
+    // show their text in a message box.
+    const bool needs_dialogs = row.run == RunAddProcedure || row.run == RunCodeLineBuilder ||
+                               row.run == RunTipOfTheDay || row.run == RunAbout;
     ASSERT_EQ(ui_.boxes_shown.size(),
-              boxes_before + (asks_for_form || misses_error_module ? 1 : 0));
+              boxes_before + (asks_for_form || misses_error_module || needs_dialogs ? 1 : 0));
     if (asks_for_form) {
       EXPECT_EQ(ui_.boxes_shown.back().text, "You must select a form!");
     }
@@ -96,7 +100,8 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
                                        RunShowToolWindow, RunLineNumbers, RunCommentLines,
                                        RunVerifyShortcuts, RunSettingsDialog, RunAddVariable,
                                        RunAddConstant, RunAddProperty, RunNewBlock,
-                                       RunAddBlockItem}));
+                                       RunAddBlockItem, RunCodeLineBuilder, RunTipOfTheDay,
+                                       RunAbout}));
 }
 
 TEST_F(ClickTest, CodeCommandsDoNothingWithoutACodeWindow) {
