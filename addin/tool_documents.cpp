@@ -41,6 +41,7 @@ void CodeExplorerDocument::Attach(ide::IVbe* vbe) {
   model_.reset();
   built_ = false;
   if (vbe_) model_.emplace(*vbe_);
+  Show();  // empty until built
 }
 
 void CodeExplorerDocument::Initialize(bool) {
@@ -80,8 +81,14 @@ void CodeExplorerDocument::GoTo(const MemberPlace& place) {
   if (vbe_ && !place.component.empty()) GoToMember(*vbe_, place);
 }
 
+void CodeExplorerDocument::SetFilter(std::string_view query) {
+  filter_ = std::string(query);
+  Show();
+}
+
 void CodeExplorerDocument::Show() {
-  tree_ = model_ ? model_->Tree() : std::vector<toolwindows::Node>{};
+  tree_ = model_ ? toolwindows::FilterTree(model_->Tree(), filter_)
+                 : std::vector<toolwindows::Node>{};
   places_ = PlacesOf(tree_);
   Changed();
 }

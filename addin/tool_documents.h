@@ -78,6 +78,9 @@ class CodeExplorerDocument final : public ICodeExplorerDocument, public ToolDocu
   const std::vector<MemberPlace>& Places() const { return places_; }
   void GoTo(const MemberPlace& place);
   void MarkOpened() { once_opened_ = true; }
+  // The type-ahead filter (FilterTree); empty shows everything.
+  void SetFilter(std::string_view query);
+  const std::string& Filter() const { return filter_; }
 
  private:
   void Show();
@@ -85,6 +88,7 @@ class CodeExplorerDocument final : public ICodeExplorerDocument, public ToolDocu
   std::optional<toolwindows::CodeExplorer> model_;
   std::vector<toolwindows::Node> tree_;
   std::vector<MemberPlace> places_;
+  std::string filter_;
   bool built_ = false;
   bool once_opened_ = false;
 };

@@ -29,29 +29,23 @@ class SearchPane final : public ToolPane, public addin::DocumentView {
 
   void Create(HWND parent, HFONT font, PaneHost& host) override {
     host_ = &host;
-    edit_ = CreateChild(parent, WC_EDITW, L"", WS_TABSTOP | ES_AUTOHSCROLL, kSearchEditId, font,
-                        WS_EX_CLIENTEDGE);
-    const std::wstring cue = ResourceText(2029);
-    ::SendMessageW(edit_, EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(cue.c_str()));
+    search_.Create(parent, 2029, kSearchEditId, font);
+    edit_ = search_.edit;
     list_ = CreateChild(parent, WC_LISTVIEWW, L"",
                         WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS |
                             LVS_NOSORTHEADER,
                         kSearchListId, font, WS_EX_CLIENTEDGE);
     AddListColumns(list_, {{2024, 160}, {2025, 70}, {2026, 110}});
-    TEXTMETRICW metrics{};
-    const HDC dc = ::GetDC(edit_);
-    const HGDIOBJ old = ::SelectObject(dc, font);
-    ::GetTextMetricsW(dc, &metrics);
-    ::SelectObject(dc, old);
-    ::ReleaseDC(edit_, dc);
-    edit_height_ = metrics.tmHeight + 8;
   }
-  void Destroyed() override { edit_ = list_ = nullptr; }
+  void Destroyed() override {
+    edit_ = list_ = nullptr;
+    search_ = {};
+  }
   void Layout(int width, int height) override {
     if (!edit_) return;
     const int inner = std::max(0, width - 2 * kMargin);
-    ::MoveWindow(edit_, kMargin, kMargin, inner, edit_height_, TRUE);
-    const int top = 2 * kMargin + edit_height_;
+    search_.Layout(kMargin, kMargin, inner);
+    const int top = 2 * kMargin + search_.height;
     ::MoveWindow(list_, kMargin, top, inner, std::max(0, height - top - kMargin), TRUE);
     FitListColumns(list_, {46, 24, 30});
   }
@@ -61,9 +55,9 @@ class SearchPane final : public ToolPane, public addin::DocumentView {
       host_->ChildFocused();
       // The projects may have changed since the last search.
       document_->Rebuild();
-      document_->Search(WideToUtf8(Text()));
+      document_->Search(WideToUtf8(WindowText(edit_)));
     }
-    if (HIWORD(wparam) == EN_CHANGE) document_->Search(WideToUtf8(Text()));
+    if (HIWORD(wparam) == EN_CHANGE) document_->Search(WideToUtf8(WindowText(edit_)));
     return 0;
   }
   LRESULT Notify(const NMHDR& header) override {
@@ -103,21 +97,15 @@ class SearchPane final : public ToolPane, public addin::DocumentView {
   }
 
  private:
-  std::wstring Text() const {
-    std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(edit_)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(::GetWindowTextW(edit_, text.data(),
-                                                          static_cast<int>(text.size()))));
-    return text;
-  }
   void GoTo(int row) {
     if (row >= 0) document_->GoTo(static_cast<std::size_t>(row));
   }
 
   std::shared_ptr<addin::SearchDocument> document_;
   PaneHost* host_ = nullptr;
-  HWND edit_ = nullptr;  // children of the control's window, destroyed with it
+  LabelledEdit search_;  // children of the control's window, destroyed with it
+  HWND edit_ = nullptr;  // search_.edit
   HWND list_ = nullptr;
-  int edit_height_ = 20;
 };
 
 }  // namespace

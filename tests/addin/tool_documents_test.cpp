@@ -58,12 +58,18 @@ TEST_F(ToolDocumentsTest, ExplorerShowsTheTreeAndGoesToAMember) {
   EXPECT_EQ(vbe_->ActiveCodePane()->CodeModule()->Parent()->Name(), "basMain");
   EXPECT_EQ(Caret(), (ide::TextRange{6, 1, 6, 1}));
 
+  // Type-ahead: "gcn" keeps the function and the nodes above it.
+  explorer.SetFilter("gcn");
+  EXPECT_EQ(TreeAsText(explorer.Tree()),
+            "Project1\n  Modules\n    basMain\n      GetCustomerName (Function) Private :6\n");
+  explorer.SetFilter("");
+
   project_->AddComponent(ide::ComponentType::kClassModule, "clsNew", "");
   explorer.VBComponentAdd(project_->VBComponents()->Item("clsNew"));
   explorer.VBComponentRemove("Project1", "frmOrder");
   EXPECT_EQ(TreeAsText(explorer.Tree()).find("frmOrder"), std::string::npos);
   EXPECT_NE(TreeAsText(explorer.Tree()).find("clsNew"), std::string::npos);
-  EXPECT_EQ(view_.changes, 4);
+  EXPECT_EQ(view_.changes, 6) << "attached, built, filtered twice, one added, one removed";
 
   explorer.Attach(nullptr);
   EXPECT_FALSE(explorer.Initialized());

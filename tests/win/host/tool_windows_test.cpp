@@ -23,6 +23,12 @@
 #include "win/extensibility.h"
 #include "win/tool_panes.h"
 
+// Wine's ATL container (atl.dll); no header declares these.
+extern "C" {
+BOOL WINAPI AtlAxWinInit();
+HRESULT WINAPI AtlAxGetControl(HWND window, IUnknown** control);
+}
+
 namespace tavrin::test_host {
 namespace {
 
@@ -276,6 +282,13 @@ TEST_F(ToolWindowsTest, CodeExplorerShowsTheProjectAndGoesToMembers) {
   EXPECT_EQ(ActiveComponent(session.Memory()), "clsStockItem");
   EXPECT_EQ(Caret(session.Memory()).start_line, ToStringLine(session));
 
+  // Type-ahead: only what matches, and the nodes above it.
+  const HWND filter = ::GetDlgItem(control, win::kExplorerFilterId);
+  ::SetWindowTextW(filter, L"stock");
+  EXPECT_NE(FindItem(tree, L"/Inventory/Modules/basMain/StockLevel"), nullptr);
+  EXPECT_EQ(FindItem(tree, L"/Inventory/Forms/frmAbout"), nullptr);
+  ::SetWindowTextW(filter, L"");
+
   // A module added in the IDE appears in the tree.
   session.Memory().VBProjects()->Item(1)->VBComponents()->Add(ide::ComponentType::kStdModule);
   EXPECT_NE(FindItem(tree, L"/Inventory/Modules/Module1"), nullptr);
@@ -336,6 +349,36 @@ TEST_F(ToolWindowsTest, TabOrderListsTheActiveFormAndWritesTheOrder) {
   click(win::kApplyId);
   EXPECT_EQ(ListText(list, 0, 0), last) << "read again from the form";
   SaveWindowPng(frame->Frame(), L"tab_order");
+}
+
+// Another container, ATL's, hosts the same control by its ProgID: it sites,
+// activates and resizes it its own way.
+TEST_F(ToolWindowsTest, AtlContainerHostsTheControl) {
+  ASSERT_TRUE(AtlAxWinInit());
+  const HWND container =
+      ::CreateWindowExW(0, L"AtlAxWin", L"Tavrin.docCodeExplorer", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
+                        60, 60, 280, 360, nullptr, nullptr, ::GetModuleHandleW(nullptr), nullptr);
+  ASSERT_NE(container, nullptr);
+  HWND window = nullptr;
+  {
+    ComPtr<IUnknown> control;
+    ASSERT_EQ(AtlAxGetControl(container, control.put()), S_OK);
+    const auto in_place = control.As<IOleInPlaceObject>();
+    ASSERT_TRUE(in_place);
+    in_place->GetWindow(&window);
+    ASSERT_NE(window, nullptr);
+    EXPECT_NE(::GetDlgItem(window, win::kExplorerTreeId), nullptr);
+    ::SetWindowPos(container, nullptr, 0, 0, 420, 300, SWP_NOMOVE | SWP_NOZORDER);
+    Pump();
+    RECT container_client{}, control_client{};
+    ::GetClientRect(container, &container_client);
+    ::GetClientRect(window, &control_client);
+    EXPECT_EQ(control_client.right, container_client.right);
+    EXPECT_EQ(control_client.bottom, container_client.bottom);
+  }
+  ::DestroyWindow(container);
+  Pump();
+  EXPECT_FALSE(::IsWindow(window));
 }
 
 TEST_F(ToolWindowsTest, TenConnectionsLeaveNoWindowBehind) {
