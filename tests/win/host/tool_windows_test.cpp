@@ -15,12 +15,15 @@
 #include "ide/memory/memory_project.h"
 #include "ide/memory/memory_vbe.h"
 #include "platform/std_file_system.h"
+#include "settings/settings_load.h"
+#include "tests/support/fake_ui.h"
 #include "tests/win/host/host_command_bars.h"
 #include "tests/win/host/host_ide.h"
 #include "tests/win/host/host_tool_windows.h"
 #include "tests/win/host/screenshot.h"
 #include "win/com_values.h"
 #include "win/extensibility.h"
+#include "win/private_profile_file.h"
 #include "win/tool_panes.h"
 
 // Wine's ATL container (atl.dll); no header declares these.
@@ -187,6 +190,23 @@ int ToStringLine(Session& session) {
   return session.Component("clsStockItem")->CodeModule()->ProcBodyLine("ToString", ide::ProcKind::kProc);
 }
 
+// Every setting in its file and a developer known: connecting asks no
+// first-run questions.
+void SeedSettings() {
+  struct NoDialog : settings::SettingsDialog {
+    void ShowModal() override { ADD_FAILURE() << "a settings dialog"; }
+  } dialog;
+  platform::StdFileSystem files;
+  win::PrivateProfileFile profiles;
+  tavrin::testing::FakeUi ui;
+  settings::ValueTable values;
+  settings::LoadValueTable(
+      values, settings::SettingsServices{profiles, files, ui, dialog, win::WideToUtf8(ExeFolder())},
+      false);
+  ::WritePrivateProfileStringW(L"Developer", L"Developer", L"Test Host",
+                               (ExeFolder() + L"tvrusr.ini").c_str());
+}
+
 class ToolWindowsTest : public ::testing::Test {
  protected:
   static void SetUpTestSuite() {
@@ -199,8 +219,7 @@ class ToolWindowsTest : public ::testing::Test {
     ASSERT_EQ(register_(), S_OK);
     // Wine finds classes registered per machine only.
     ASSERT_EQ(install_(TRUE, L"machine"), S_OK);
-    ::WritePrivateProfileStringW(L"Developer", L"Developer", L"Test Host",
-                                 (ExeFolder() + L"tvrusr.ini").c_str());
+    SeedSettings();
   }
   static void TearDownTestSuite() {
     unregister_();
