@@ -93,7 +93,12 @@ class CodeExplorerDocument final : public ICodeExplorerDocument, public ToolDocu
   bool once_opened_ = false;
 };
 
-// Shortcuts and Search: the search box over every name of the open projects.
+// The builders Shortcuts and Search offers as buttons: the caption ids of
+// the add-in's toolbar buttons they click.
+inline constexpr int kShortcutCaptionIds[] = {101, 105, 103, 102, 106};
+
+// Shortcuts and Search: the search box over every name of the open
+// projects, and the builders a click away.
 class SearchDocument final : public ide::IUserDocument, public ToolDocumentBase {
  public:
   void Attach(ide::IVbe* vbe) override;
@@ -104,6 +109,9 @@ class SearchDocument final : public ide::IUserDocument, public ToolDocumentBase 
   const std::vector<toolwindows::SearchResult>& Results() const { return results_; }
   // Goes to the result at `position`; false when there is none.
   bool GoTo(std::size_t position);
+  // Clicks the add-in's toolbar button with that caption, as the user
+  // would; false when it is not there.
+  bool RunShortcut(int caption_id);
 
  private:
   std::optional<toolwindows::SearchIndex> index_;

@@ -24,6 +24,7 @@ enum PaneControlId : int {
   kExplorerFilterId = 101,
   kSearchEditId = 200,
   kSearchListId = 201,
+  kShortcutFirstId = 210,
   kTabOrderListId = 300,
   kMoveUpId = 301,
   kMoveDownId = 302,

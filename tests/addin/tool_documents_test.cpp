@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "ide/command_bars.h"
+#include "ide/events.h"
 #include "ide/memory/memory_component.h"
 #include "ide/memory/memory_project.h"
 #include "ide/memory/memory_vbe.h"
@@ -88,6 +90,22 @@ TEST_F(ToolDocumentsTest, SearchFindsAsYouTypeAndGoesToTheResult) {
   EXPECT_FALSE(search.GoTo(1));
   search.Search("");
   EXPECT_TRUE(search.Results().empty());
+
+  // A shortcut clicks the toolbar's button of that builder.
+  EXPECT_FALSE(search.RunShortcut(kShortcutCaptionIds[0])) << "no toolbar";
+  struct Clicks : ide::ICommandBarEventsSink {
+    void Click(std::shared_ptr<ide::ICommandBarControl>, bool&, bool&) override { ++count; }
+    int count = 0;
+  };
+  const auto clicks = std::make_shared<Clicks>();
+  const auto button = vbe_->CommandBars()
+                          ->Add("Tavrin", ide::BarPosition::kTop, false, true)
+                          ->Controls()
+                          ->Add(ide::ControlType::kButton);
+  button->SetCaption("Add P&rocedure...");
+  const auto connection = vbe_->Events()->CommandBarEvents(button)->Advise(clicks);
+  EXPECT_TRUE(search.RunShortcut(101));
+  EXPECT_EQ(clicks->count, 1);
   search.Attach(nullptr);
   EXPECT_FALSE(search.GoTo(0));
 }

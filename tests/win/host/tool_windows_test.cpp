@@ -330,12 +330,12 @@ TEST_F(ToolWindowsTest, SearchRanksAsYouTypeAndEnterGoesThere) {
   // Prefix matches first, shorter names first.
   EXPECT_EQ(ListText(list, 0, 0), L"StockLevel");
   EXPECT_EQ(ListText(list, 0, 2), L"basMain");
-  // Down goes into the list, Tab back to the box: the control takes these
-  // keys before the IDE does.
+  // Down goes into the list, Tab on to the builders' buttons: the control
+  // takes these keys before the IDE does.
   frame->SendKey(edit, VK_DOWN);
   EXPECT_EQ(::GetFocus(), list);
   frame->SendKey(list, VK_TAB);
-  EXPECT_EQ(::GetFocus(), edit);
+  EXPECT_EQ(::GetFocus(), ::GetDlgItem(control, win::kShortcutFirstId));
   ::SetWindowTextW(edit, L"TS");  // camel humps: ToString
   ASSERT_GE(ListView_GetItemCount(list), 1);
   EXPECT_EQ(ListText(list, 0, 0), L"ToString");
