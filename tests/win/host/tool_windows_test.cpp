@@ -44,6 +44,13 @@ std::wstring ExeFolder() {
   return path.substr(0, path.find_last_of(L"\\/") + 1);
 }
 
+BOOL CALLBACK AddText(HWND child, LPARAM texts) {
+  wchar_t text[512] = L"";
+  ::GetWindowTextW(child, text, 512);
+  *reinterpret_cast<std::wstring*>(texts) += std::wstring(L" ") + text;
+  return TRUE;
+}
+
 // A message box of the add-in would wait for nobody: close it, keep its text.
 std::vector<std::string> g_dialogs;
 LRESULT CALLBACK CloseDialogs(int code, WPARAM wparam, LPARAM lparam) {
@@ -53,15 +60,7 @@ LRESULT CALLBACK CloseDialogs(int code, WPARAM wparam, LPARAM lparam) {
     ::GetClassNameW(dialog, class_name, 32);
     if (std::wstring(class_name) != L"#32770") return ::CallNextHookEx(nullptr, code, wparam, lparam);
     std::wstring texts;
-    ::EnumChildWindows(
-        dialog,
-        [](HWND child, LPARAM all) {
-          wchar_t text[512] = L"";
-          ::GetWindowTextW(child, text, 512);
-          *reinterpret_cast<std::wstring*>(all) += std::wstring(L" ") + text;
-          return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&texts));
+    ::EnumChildWindows(dialog, &AddText, reinterpret_cast<LPARAM>(&texts));
     g_dialogs.push_back(win::WideToUtf8(texts));
     ::PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED), 0);
     ::PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), 0);
