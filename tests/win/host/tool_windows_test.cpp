@@ -26,12 +26,6 @@
 #include "win/private_profile_file.h"
 #include "win/tool_panes.h"
 
-// Wine's ATL container (atl.dll); no header declares these.
-extern "C" {
-BOOL WINAPI AtlAxWinInit();
-HRESULT WINAPI AtlAxGetControl(HWND window, IUnknown** control);
-}
-
 namespace tavrin::test_host {
 namespace {
 
@@ -378,6 +372,17 @@ TEST_F(ToolWindowsTest, TabOrderListsTheActiveFormAndWritesTheOrder) {
 // Another container, ATL's, hosts the same control by its ProgID: it sites,
 // activates and resizes it its own way.
 TEST_F(ToolWindowsTest, AtlContainerHostsTheControl) {
+  // Loaded at run time: no header declares these, and not every toolchain
+  // has atl.dll's import library.
+  using WinInit = BOOL(WINAPI*)();
+  using GetControl = HRESULT(WINAPI*)(HWND, IUnknown**);
+  const HMODULE atl = ::LoadLibraryW(L"atl.dll");
+  ASSERT_NE(atl, nullptr);
+  const auto AtlAxWinInit =
+      reinterpret_cast<WinInit>(reinterpret_cast<void*>(::GetProcAddress(atl, "AtlAxWinInit")));
+  const auto AtlAxGetControl = reinterpret_cast<GetControl>(
+      reinterpret_cast<void*>(::GetProcAddress(atl, "AtlAxGetControl")));
+  ASSERT_TRUE(AtlAxWinInit && AtlAxGetControl);
   ASSERT_TRUE(AtlAxWinInit());
   const HWND container =
       ::CreateWindowExW(0, L"AtlAxWin", L"Tavrin.docCodeExplorer", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
