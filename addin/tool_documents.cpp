@@ -2,7 +2,10 @@
 
 #include <utility>
 
+#include "addin/command_table.h"
+#include "addin/toolbar.h"
 #include "formtools/verify_shortcuts.h"
+#include "resources/string_table.h"
 
 namespace tavrin::addin {
 namespace {
@@ -41,6 +44,7 @@ void CodeExplorerDocument::Attach(ide::IVbe* vbe) {
   model_.reset();
   built_ = false;
   if (vbe_) model_.emplace(*vbe_);
+  Show();  // empty until built
 }
 
 void CodeExplorerDocument::Initialize(bool) {
@@ -80,8 +84,14 @@ void CodeExplorerDocument::GoTo(const MemberPlace& place) {
   if (vbe_ && !place.component.empty()) GoToMember(*vbe_, place);
 }
 
+void CodeExplorerDocument::SetFilter(std::string_view query) {
+  filter_ = std::string(query);
+  Show();
+}
+
 void CodeExplorerDocument::Show() {
-  tree_ = model_ ? model_->Tree() : std::vector<toolwindows::Node>{};
+  tree_ = model_ ? toolwindows::FilterTree(model_->Tree(), filter_)
+                 : std::vector<toolwindows::Node>{};
   places_ = PlacesOf(tree_);
   Changed();
 }
@@ -115,6 +125,20 @@ bool SearchDocument::GoTo(std::size_t position) {
   const toolwindows::SearchEntry& entry = *results_[position].entry;
   GoToMember(*vbe_, {entry.project, entry.component, entry.line});
   return true;
+}
+
+bool SearchDocument::RunShortcut(int caption_id) {
+  if (!vbe_) return false;
+  const auto bar = FindBar(*vbe_, kToolbarName);
+  if (!bar) return false;
+  const auto controls = bar->Controls();
+  for (int i = 1; i <= controls->Count(); ++i) {
+    const auto control = controls->Item(i);
+    if (control->Caption() != resources::LoadResString(caption_id)) continue;
+    control->Execute();
+    return true;
+  }
+  return false;
 }
 
 // Tab order

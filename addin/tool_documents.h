@@ -78,6 +78,9 @@ class CodeExplorerDocument final : public ICodeExplorerDocument, public ToolDocu
   const std::vector<MemberPlace>& Places() const { return places_; }
   void GoTo(const MemberPlace& place);
   void MarkOpened() { once_opened_ = true; }
+  // The type-ahead filter (FilterTree); empty shows everything.
+  void SetFilter(std::string_view query);
+  const std::string& Filter() const { return filter_; }
 
  private:
   void Show();
@@ -85,11 +88,17 @@ class CodeExplorerDocument final : public ICodeExplorerDocument, public ToolDocu
   std::optional<toolwindows::CodeExplorer> model_;
   std::vector<toolwindows::Node> tree_;
   std::vector<MemberPlace> places_;
+  std::string filter_;
   bool built_ = false;
   bool once_opened_ = false;
 };
 
-// Shortcuts and Search: the search box over every name of the open projects.
+// The builders Shortcuts and Search offers as buttons: the caption ids of
+// the add-in's toolbar buttons they click.
+inline constexpr int kShortcutCaptionIds[] = {101, 105, 103, 102, 106};
+
+// Shortcuts and Search: the search box over every name of the open
+// projects, and the builders a click away.
 class SearchDocument final : public ide::IUserDocument, public ToolDocumentBase {
  public:
   void Attach(ide::IVbe* vbe) override;
@@ -100,6 +109,9 @@ class SearchDocument final : public ide::IUserDocument, public ToolDocumentBase 
   const std::vector<toolwindows::SearchResult>& Results() const { return results_; }
   // Goes to the result at `position`; false when there is none.
   bool GoTo(std::size_t position);
+  // Clicks the add-in's toolbar button with that caption, as the user
+  // would; false when it is not there.
+  bool RunShortcut(int caption_id);
 
  private:
   std::optional<toolwindows::SearchIndex> index_;

@@ -12,7 +12,7 @@
 namespace tavrin::resources {
 
 // The string resource crediting the icon set (for the About box).
-inline constexpr int kPictureCreditId = 2030;
+inline constexpr int kPictureCreditId = 2040;
 
 // The bitmap resource of that name: "101" is the picture of control 101,
 // "101m" its mask (black where the picture shows, white where the button

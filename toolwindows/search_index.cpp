@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <optional>
 
 #include "base/text.h"
 
@@ -107,6 +108,33 @@ std::vector<SearchResult> SearchIndex::Find(std::string_view query, std::size_t 
     std::sort(results.begin(), results.end(), less);
   }
   return results;
+}
+
+namespace {
+
+// The node if it or anything below it matches; nothing otherwise.
+std::optional<Node> Filtered(const Node& node, std::string_view query) {
+  const bool matches = node.kind != NodeKind::kProject && node.kind != NodeKind::kFolder &&
+                       MatchName(node.caption, query) != MatchKind::kNone;
+  if (matches) return node;
+  Node kept = node;
+  kept.children.clear();
+  for (const Node& child : node.children) {
+    if (auto filtered = Filtered(child, query)) kept.children.push_back(std::move(*filtered));
+  }
+  if (kept.children.empty()) return std::nullopt;
+  return kept;
+}
+
+}  // namespace
+
+std::vector<Node> FilterTree(const std::vector<Node>& tree, std::string_view query) {
+  if (query.empty()) return tree;
+  std::vector<Node> kept;
+  for (const Node& node : tree) {
+    if (auto filtered = Filtered(node, query)) kept.push_back(std::move(*filtered));
+  }
+  return kept;
 }
 
 }  // namespace tavrin::toolwindows

@@ -19,6 +19,11 @@ enum class MatchKind { kExact = 0, kPrefix = 1, kCamelHump = 2, kSubstring = 3, 
 // humps start at a capital, after an underscore and at a digit run.
 MatchKind MatchName(std::string_view name, std::string_view query);
 
+// The Code Explorer's type-ahead filter: the nodes whose caption matches
+// `query` (as MatchName does), with the nodes above them; a matching
+// component keeps all its members. An empty query keeps everything.
+std::vector<Node> FilterTree(const std::vector<Node>& tree, std::string_view query);
+
 struct SearchEntry {
   std::string name;
   NodeKind kind = NodeKind::kComponent;  // component, procedure, function or property

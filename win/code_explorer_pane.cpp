@@ -1,11 +1,16 @@
-// The Code Explorer window: a tree view of the document's tree, with the
-// kind of each node as its image. Double-click or Enter on a member shows
-// it in its code pane.
+// The Code Explorer window: a type-ahead filter box above a tree view of
+// the document's tree, with the kind of each node as its image.
+// Double-click or Enter on a member shows it in its code pane; Down moves
+// from the filter box into the tree.
+#include <algorithm>
+
 #include "addin/tool_documents.h"
 #include "win/tool_panes.h"
 
 namespace tavrin::win {
 namespace {
+
+constexpr int kMargin = 2;
 
 class CodeExplorerPane final : public ToolPane, public addin::DocumentView {
  public:
@@ -16,6 +21,7 @@ class CodeExplorerPane final : public ToolPane, public addin::DocumentView {
 
   void Create(HWND parent, HFONT font, PaneHost& host) override {
     host_ = &host;
+    filter_.Create(parent, 2030, kExplorerFilterId, font);
     tree_ = CreateChild(parent, WC_TREEVIEWW, L"",
                         WS_TABSTOP | TVS_HASLINES | TVS_LINESATROOT | TVS_HASBUTTONS |
                             TVS_SHOWSELALWAYS,
@@ -25,11 +31,22 @@ class CodeExplorerPane final : public ToolPane, public addin::DocumentView {
     document_->MarkOpened();
     Fill();
   }
-  void Destroyed() override { tree_ = nullptr; }
-  void Layout(int width, int height) override {
-    if (tree_) ::MoveWindow(tree_, 0, 0, width, height, TRUE);
+  void Destroyed() override {
+    tree_ = nullptr;
+    filter_ = {};
   }
-  LRESULT Command(WPARAM, LPARAM) override { return 0; }
+  void Layout(int width, int height) override {
+    if (!tree_) return;
+    filter_.Layout(kMargin, kMargin, width - 2 * kMargin);
+    const int top = filter_.height + 2 * kMargin;
+    ::MoveWindow(tree_, 0, top, width, std::max(0, height - top), TRUE);
+  }
+  LRESULT Command(WPARAM wparam, LPARAM lparam) override {
+    if (reinterpret_cast<HWND>(lparam) != filter_.edit) return 0;
+    if (HIWORD(wparam) == EN_SETFOCUS) host_->ChildFocused();
+    if (HIWORD(wparam) == EN_CHANGE) document_->SetFilter(WideToUtf8(WindowText(filter_.edit)));
+    return 0;
+  }
   LRESULT Notify(const NMHDR& header) override {
     if (header.hwndFrom != tree_) return 0;
     if (header.code == NM_SETFOCUS) host_->ChildFocused();
@@ -37,6 +54,11 @@ class CodeExplorerPane final : public ToolPane, public addin::DocumentView {
     return 0;
   }
   bool HandleKey(const MSG& message) override {
+    if (message.hwnd == filter_.edit && (message.wParam == VK_DOWN || message.wParam == VK_RETURN)) {
+      ::SetFocus(tree_);
+      if (!TreeView_GetSelection(tree_)) TreeView_SelectItem(tree_, TreeView_GetRoot(tree_));
+      return true;
+    }
     if (message.hwnd != tree_ || message.wParam != VK_RETURN) return false;
     GoToSelected();
     return true;
@@ -70,8 +92,10 @@ class CodeExplorerPane final : public ToolPane, public addin::DocumentView {
     const auto item = reinterpret_cast<HTREEITEM>(
         ::SendMessageW(tree_, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insert)));
     for (const toolwindows::Node& child : node.children) Insert(child, item, depth + 1, index);
-    // Projects and their folders open; components closed.
-    if (depth < 2 && !node.children.empty()) TreeView_Expand(tree_, item, TVE_EXPAND);
+    // Projects and their folders open, components closed; all open while
+    // filtering, to show what matched.
+    const bool open = depth < 2 || !document_->Filter().empty();
+    if (open && !node.children.empty()) TreeView_Expand(tree_, item, TVE_EXPAND);
   }
 
   // A member, or a component without members; true when it went there.
@@ -93,7 +117,8 @@ class CodeExplorerPane final : public ToolPane, public addin::DocumentView {
 
   std::shared_ptr<addin::CodeExplorerDocument> document_;
   PaneHost* host_ = nullptr;
-  HWND tree_ = nullptr;  // a child of the control's window, destroyed with it
+  LabelledEdit filter_;  // children of the control's window, destroyed with it
+  HWND tree_ = nullptr;
   UniqueImageList images_;
 };
 

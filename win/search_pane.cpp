@@ -1,7 +1,9 @@
 // The Shortcuts and Search window: a search box and the ranked results,
-// updated as the user types. Enter (in the box or the list) or a
-// double-click goes to the chosen name; Down moves from the box to the list.
+// updated as the user types, and below them a button for each builder.
+// Enter (in the box or the list) or a double-click goes to the chosen name;
+// Down moves from the box to the list.
 #include <algorithm>
+#include <array>
 
 #include "addin/tool_documents.h"
 #include "win/tool_panes.h"
@@ -10,6 +12,8 @@ namespace tavrin::win {
 namespace {
 
 constexpr int kMargin = 4;
+constexpr int kButtonHeight = 24;
+constexpr std::size_t kShortcuts = std::size(addin::kShortcutCaptionIds);
 
 std::wstring KindText(toolwindows::NodeKind kind) {
   switch (kind) {
@@ -29,41 +33,57 @@ class SearchPane final : public ToolPane, public addin::DocumentView {
 
   void Create(HWND parent, HFONT font, PaneHost& host) override {
     host_ = &host;
-    edit_ = CreateChild(parent, WC_EDITW, L"", WS_TABSTOP | ES_AUTOHSCROLL, kSearchEditId, font,
-                        WS_EX_CLIENTEDGE);
-    const std::wstring cue = ResourceText(2029);
-    ::SendMessageW(edit_, EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(cue.c_str()));
+    search_.Create(parent, 2029, kSearchEditId, font);
+    edit_ = search_.edit;
     list_ = CreateChild(parent, WC_LISTVIEWW, L"",
                         WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS |
                             LVS_NOSORTHEADER,
                         kSearchListId, font, WS_EX_CLIENTEDGE);
     AddListColumns(list_, {{2024, 160}, {2025, 70}, {2026, 110}});
-    TEXTMETRICW metrics{};
-    const HDC dc = ::GetDC(edit_);
-    const HGDIOBJ old = ::SelectObject(dc, font);
-    ::GetTextMetricsW(dc, &metrics);
-    ::SelectObject(dc, old);
-    ::ReleaseDC(edit_, dc);
-    edit_height_ = metrics.tmHeight + 8;
+    for (std::size_t i = 0; i < kShortcuts; ++i) {
+      buttons_[i] = CreateChild(parent, WC_BUTTONW, ResourceText(addin::kShortcutCaptionIds[i]),
+                                WS_TABSTOP | BS_PUSHBUTTON, kShortcutFirstId + static_cast<int>(i),
+                                font);
+    }
   }
-  void Destroyed() override { edit_ = list_ = nullptr; }
+  void Destroyed() override {
+    edit_ = list_ = nullptr;
+    search_ = {};
+    buttons_.fill(nullptr);
+  }
   void Layout(int width, int height) override {
     if (!edit_) return;
     const int inner = std::max(0, width - 2 * kMargin);
-    ::MoveWindow(edit_, kMargin, kMargin, inner, edit_height_, TRUE);
-    const int top = 2 * kMargin + edit_height_;
-    ::MoveWindow(list_, kMargin, top, inner, std::max(0, height - top - kMargin), TRUE);
+    search_.Layout(kMargin, kMargin, inner);
+    const int top = 2 * kMargin + search_.height;
+    // The builders' buttons two by two at the bottom.
+    const int rows = static_cast<int>((kShortcuts + 1) / 2);
+    const int buttons_top = std::max(top, height - rows * (kButtonHeight + kMargin));
+    const int half = std::max(0, (inner - kMargin) / 2);
+    for (std::size_t i = 0; i < kShortcuts; ++i) {
+      const int column = static_cast<int>(i % 2), row = static_cast<int>(i / 2);
+      ::MoveWindow(buttons_[i], kMargin + column * (half + kMargin),
+                   buttons_top + row * (kButtonHeight + kMargin), half, kButtonHeight, TRUE);
+    }
+    ::MoveWindow(list_, kMargin, top, inner, std::max(0, buttons_top - top - kMargin), TRUE);
     FitListColumns(list_, {46, 24, 30});
   }
   LRESULT Command(WPARAM wparam, LPARAM lparam) override {
+    const int id = LOWORD(wparam);
+    if (HIWORD(wparam) == BN_CLICKED && id >= kShortcutFirstId &&
+        id < kShortcutFirstId + static_cast<int>(kShortcuts)) {
+      document_->RunShortcut(addin::kShortcutCaptionIds[id - kShortcutFirstId]);
+      return 0;
+    }
+    if (HIWORD(wparam) == BN_SETFOCUS) host_->ChildFocused();
     if (reinterpret_cast<HWND>(lparam) != edit_) return 0;
     if (HIWORD(wparam) == EN_SETFOCUS) {
       host_->ChildFocused();
       // The projects may have changed since the last search.
       document_->Rebuild();
-      document_->Search(WideToUtf8(Text()));
+      document_->Search(WideToUtf8(WindowText(edit_)));
     }
-    if (HIWORD(wparam) == EN_CHANGE) document_->Search(WideToUtf8(Text()));
+    if (HIWORD(wparam) == EN_CHANGE) document_->Search(WideToUtf8(WindowText(edit_)));
     return 0;
   }
   LRESULT Notify(const NMHDR& header) override {
@@ -73,6 +93,13 @@ class SearchPane final : public ToolPane, public addin::DocumentView {
     return 0;
   }
   bool HandleKey(const MSG& message) override {
+    // Enter on a button presses it, as in a dialog.
+    for (const HWND button : buttons_) {
+      if (message.wParam == VK_RETURN && message.hwnd == button) {
+        ::SendMessageW(button, BM_CLICK, 0, 0);
+        return true;
+      }
+    }
     if (message.wParam == VK_RETURN && (message.hwnd == edit_ || message.hwnd == list_)) {
       GoTo(std::max(0, SelectedRow(list_)));
       return true;
@@ -103,21 +130,16 @@ class SearchPane final : public ToolPane, public addin::DocumentView {
   }
 
  private:
-  std::wstring Text() const {
-    std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(edit_)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(::GetWindowTextW(edit_, text.data(),
-                                                          static_cast<int>(text.size()))));
-    return text;
-  }
   void GoTo(int row) {
     if (row >= 0) document_->GoTo(static_cast<std::size_t>(row));
   }
 
   std::shared_ptr<addin::SearchDocument> document_;
   PaneHost* host_ = nullptr;
-  HWND edit_ = nullptr;  // children of the control's window, destroyed with it
+  LabelledEdit search_;  // children of the control's window, destroyed with it
+  HWND edit_ = nullptr;  // search_.edit
   HWND list_ = nullptr;
-  int edit_height_ = 20;
+  std::array<HWND, kShortcuts> buttons_{};
 };
 
 }  // namespace

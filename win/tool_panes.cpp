@@ -6,6 +6,23 @@ namespace tavrin::win {
 
 std::wstring ResourceText(int id) { return Utf8ToWide(resources::LoadResString(id)); }
 
+std::wstring WindowText(HWND window) {
+  std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, L'\0');
+  text.resize(static_cast<std::size_t>(
+      ::GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+  return text;
+}
+
+int LineHeight(HWND window, HFONT font) {
+  TEXTMETRICW metrics{};
+  const HDC dc = ::GetDC(window);
+  const HGDIOBJ old = ::SelectObject(dc, font);
+  ::GetTextMetricsW(dc, &metrics);
+  ::SelectObject(dc, old);
+  ::ReleaseDC(window, dc);
+  return metrics.tmHeight;
+}
+
 HWND CreateChild(HWND parent, const wchar_t* window_class, const std::wstring& text,
                  DWORD style, int id, HFONT font, DWORD extended_style) {
   const HWND child = ::CreateWindowExW(
@@ -14,6 +31,27 @@ HWND CreateChild(HWND parent, const wchar_t* window_class, const std::wstring& t
   if (!child) throw ide::Error(5, "Cannot create a control: " + ErrorText(::GetLastError()));
   if (font) ::SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
   return child;
+}
+
+void LabelledEdit::Create(HWND parent, int caption_id, int edit_id, HFONT font) {
+  const std::wstring caption = ResourceText(caption_id);
+  label = CreateChild(parent, WC_STATICW, caption, SS_LEFT | SS_CENTERIMAGE, -1, font);
+  edit = CreateChild(parent, WC_EDITW, L"", WS_TABSTOP | ES_AUTOHSCROLL, edit_id, font,
+                     WS_EX_CLIENTEDGE);
+  const HDC dc = ::GetDC(label);
+  const HGDIOBJ old = ::SelectObject(dc, font);
+  SIZE extent{};
+  ::GetTextExtentPoint32W(dc, caption.c_str(), static_cast<int>(caption.size()), &extent);
+  ::SelectObject(dc, old);
+  ::ReleaseDC(label, dc);
+  label_width = extent.cx + 6;
+  height = LineHeight(edit, font) + 8;
+}
+
+void LabelledEdit::Layout(int left, int top, int width) const {
+  ::MoveWindow(label, left, top, label_width, height, TRUE);
+  const int edit_width = width - label_width;
+  ::MoveWindow(edit, left + label_width, top, edit_width > 0 ? edit_width : 0, height, TRUE);
 }
 
 void AddListColumns(HWND list, std::initializer_list<std::pair<int, int>> caption_and_width) {

@@ -21,8 +21,10 @@ std::unique_ptr<ToolPane> MakeTabOrderPane();
 // Child control ids, which tests use to find the controls.
 enum PaneControlId : int {
   kExplorerTreeId = 100,
+  kExplorerFilterId = 101,
   kSearchEditId = 200,
   kSearchListId = 201,
+  kShortcutFirstId = 210,
   kTabOrderListId = 300,
   kMoveUpId = 301,
   kMoveDownId = 302,
@@ -44,6 +46,20 @@ int TreeImageOf(const toolwindows::Node& node);
 
 // A string of the string table as UTF-16.
 std::wstring ResourceText(int id);
+
+// The text of a window; the height of a line of `font` in it.
+std::wstring WindowText(HWND window);
+int LineHeight(HWND window, HFONT font);
+
+// A label and the edit box it names, side by side across `width` at `top`.
+struct LabelledEdit {
+  HWND label = nullptr;
+  HWND edit = nullptr;
+  int label_width = 0;
+  int height = 20;
+  void Create(HWND parent, int caption_id, int edit_id, HFONT font);
+  void Layout(int left, int top, int width) const;
+};
 
 // A visible child control with the window's font.
 HWND CreateChild(HWND parent, const wchar_t* window_class, const std::wstring& text,

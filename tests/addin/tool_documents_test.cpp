@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "ide/command_bars.h"
+#include "ide/events.h"
 #include "ide/memory/memory_component.h"
 #include "ide/memory/memory_project.h"
 #include "ide/memory/memory_vbe.h"
@@ -58,12 +60,18 @@ TEST_F(ToolDocumentsTest, ExplorerShowsTheTreeAndGoesToAMember) {
   EXPECT_EQ(vbe_->ActiveCodePane()->CodeModule()->Parent()->Name(), "basMain");
   EXPECT_EQ(Caret(), (ide::TextRange{6, 1, 6, 1}));
 
+  // Type-ahead: "gcn" keeps the function and the nodes above it.
+  explorer.SetFilter("gcn");
+  EXPECT_EQ(TreeAsText(explorer.Tree()),
+            "Project1\n  Modules\n    basMain\n      GetCustomerName (Function) Private :6\n");
+  explorer.SetFilter("");
+
   project_->AddComponent(ide::ComponentType::kClassModule, "clsNew", "");
   explorer.VBComponentAdd(project_->VBComponents()->Item("clsNew"));
   explorer.VBComponentRemove("Project1", "frmOrder");
   EXPECT_EQ(TreeAsText(explorer.Tree()).find("frmOrder"), std::string::npos);
   EXPECT_NE(TreeAsText(explorer.Tree()).find("clsNew"), std::string::npos);
-  EXPECT_EQ(view_.changes, 4);
+  EXPECT_EQ(view_.changes, 6) << "attached, built, filtered twice, one added, one removed";
 
   explorer.Attach(nullptr);
   EXPECT_FALSE(explorer.Initialized());
@@ -82,6 +90,22 @@ TEST_F(ToolDocumentsTest, SearchFindsAsYouTypeAndGoesToTheResult) {
   EXPECT_FALSE(search.GoTo(1));
   search.Search("");
   EXPECT_TRUE(search.Results().empty());
+
+  // A shortcut clicks the toolbar's button of that builder.
+  EXPECT_FALSE(search.RunShortcut(kShortcutCaptionIds[0])) << "no toolbar";
+  struct Clicks : ide::ICommandBarEventsSink {
+    void Click(std::shared_ptr<ide::ICommandBarControl>, bool&, bool&) override { ++count; }
+    int count = 0;
+  };
+  const auto clicks = std::make_shared<Clicks>();
+  const auto button = vbe_->CommandBars()
+                          ->Add("Tavrin", ide::BarPosition::kTop, false, true)
+                          ->Controls()
+                          ->Add(ide::ControlType::kButton);
+  button->SetCaption("Add P&rocedure...");
+  const auto connection = vbe_->Events()->CommandBarEvents(button)->Advise(clicks);
+  EXPECT_TRUE(search.RunShortcut(101));
+  EXPECT_EQ(clicks->count, 1);
   search.Attach(nullptr);
   EXPECT_FALSE(search.GoTo(0));
 }

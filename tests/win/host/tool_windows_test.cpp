@@ -15,12 +15,15 @@
 #include "ide/memory/memory_project.h"
 #include "ide/memory/memory_vbe.h"
 #include "platform/std_file_system.h"
+#include "settings/settings_load.h"
+#include "tests/support/fake_ui.h"
 #include "tests/win/host/host_command_bars.h"
 #include "tests/win/host/host_ide.h"
 #include "tests/win/host/host_tool_windows.h"
 #include "tests/win/host/screenshot.h"
 #include "win/com_values.h"
 #include "win/extensibility.h"
+#include "win/private_profile_file.h"
 #include "win/tool_panes.h"
 
 namespace tavrin::test_host {
@@ -35,6 +38,13 @@ std::wstring ExeFolder() {
   return path.substr(0, path.find_last_of(L"\\/") + 1);
 }
 
+BOOL CALLBACK AddText(HWND child, LPARAM texts) {
+  wchar_t text[512] = L"";
+  ::GetWindowTextW(child, text, 512);
+  *reinterpret_cast<std::wstring*>(texts) += std::wstring(L" ") + text;
+  return TRUE;
+}
+
 // A message box of the add-in would wait for nobody: close it, keep its text.
 std::vector<std::string> g_dialogs;
 LRESULT CALLBACK CloseDialogs(int code, WPARAM wparam, LPARAM lparam) {
@@ -44,15 +54,7 @@ LRESULT CALLBACK CloseDialogs(int code, WPARAM wparam, LPARAM lparam) {
     ::GetClassNameW(dialog, class_name, 32);
     if (std::wstring(class_name) != L"#32770") return ::CallNextHookEx(nullptr, code, wparam, lparam);
     std::wstring texts;
-    ::EnumChildWindows(
-        dialog,
-        [](HWND child, LPARAM all) {
-          wchar_t text[512] = L"";
-          ::GetWindowTextW(child, text, 512);
-          *reinterpret_cast<std::wstring*>(all) += std::wstring(L" ") + text;
-          return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&texts));
+    ::EnumChildWindows(dialog, &AddText, reinterpret_cast<LPARAM>(&texts));
     g_dialogs.push_back(win::WideToUtf8(texts));
     ::PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED), 0);
     ::PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), 0);
@@ -181,6 +183,23 @@ int ToStringLine(Session& session) {
   return session.Component("clsStockItem")->CodeModule()->ProcBodyLine("ToString", ide::ProcKind::kProc);
 }
 
+// Every setting in its file and a developer known: connecting asks no
+// first-run questions.
+void SeedSettings() {
+  struct NoDialog : settings::SettingsDialog {
+    void ShowModal() override { ADD_FAILURE() << "a settings dialog"; }
+  } dialog;
+  platform::StdFileSystem files;
+  win::PrivateProfileFile profiles;
+  tavrin::testing::FakeUi ui;
+  settings::ValueTable values;
+  settings::LoadValueTable(
+      values, settings::SettingsServices{profiles, files, ui, dialog, win::WideToUtf8(ExeFolder())},
+      false);
+  ::WritePrivateProfileStringW(L"Developer", L"Developer", L"Test Host",
+                               (ExeFolder() + L"tvrusr.ini").c_str());
+}
+
 class ToolWindowsTest : public ::testing::Test {
  protected:
   static void SetUpTestSuite() {
@@ -193,8 +212,7 @@ class ToolWindowsTest : public ::testing::Test {
     ASSERT_EQ(register_(), S_OK);
     // Wine finds classes registered per machine only.
     ASSERT_EQ(install_(TRUE, L"machine"), S_OK);
-    ::WritePrivateProfileStringW(L"Developer", L"Developer", L"Test Host",
-                                 (ExeFolder() + L"tvrusr.ini").c_str());
+    SeedSettings();
   }
   static void TearDownTestSuite() {
     unregister_();
@@ -276,6 +294,13 @@ TEST_F(ToolWindowsTest, CodeExplorerShowsTheProjectAndGoesToMembers) {
   EXPECT_EQ(ActiveComponent(session.Memory()), "clsStockItem");
   EXPECT_EQ(Caret(session.Memory()).start_line, ToStringLine(session));
 
+  // Type-ahead: only what matches, and the nodes above it.
+  const HWND filter = ::GetDlgItem(control, win::kExplorerFilterId);
+  ::SetWindowTextW(filter, L"stock");
+  EXPECT_NE(FindItem(tree, L"/Inventory/Modules/basMain/StockLevel"), nullptr);
+  EXPECT_EQ(FindItem(tree, L"/Inventory/Forms/frmAbout"), nullptr);
+  ::SetWindowTextW(filter, L"");
+
   // A module added in the IDE appears in the tree.
   session.Memory().VBProjects()->Item(1)->VBComponents()->Add(ide::ComponentType::kStdModule);
   EXPECT_NE(FindItem(tree, L"/Inventory/Modules/Module1"), nullptr);
@@ -298,6 +323,12 @@ TEST_F(ToolWindowsTest, SearchRanksAsYouTypeAndEnterGoesThere) {
   // Prefix matches first, shorter names first.
   EXPECT_EQ(ListText(list, 0, 0), L"StockLevel");
   EXPECT_EQ(ListText(list, 0, 2), L"basMain");
+  // Down goes into the list, Tab on to the builders' buttons: the control
+  // takes these keys before the IDE does.
+  frame->SendKey(edit, VK_DOWN);
+  EXPECT_EQ(::GetFocus(), list);
+  frame->SendKey(list, VK_TAB);
+  EXPECT_EQ(::GetFocus(), ::GetDlgItem(control, win::kShortcutFirstId));
   ::SetWindowTextW(edit, L"TS");  // camel humps: ToString
   ASSERT_GE(ListView_GetItemCount(list), 1);
   EXPECT_EQ(ListText(list, 0, 0), L"ToString");
@@ -336,6 +367,47 @@ TEST_F(ToolWindowsTest, TabOrderListsTheActiveFormAndWritesTheOrder) {
   click(win::kApplyId);
   EXPECT_EQ(ListText(list, 0, 0), last) << "read again from the form";
   SaveWindowPng(frame->Frame(), L"tab_order");
+}
+
+// Another container, ATL's, hosts the same control by its ProgID: it sites,
+// activates and resizes it its own way.
+TEST_F(ToolWindowsTest, AtlContainerHostsTheControl) {
+  // Loaded at run time: no header declares these, and not every toolchain
+  // has atl.dll's import library.
+  using WinInit = BOOL(WINAPI*)();
+  using GetControl = HRESULT(WINAPI*)(HWND, IUnknown**);
+  const HMODULE atl = ::LoadLibraryW(L"atl.dll");
+  ASSERT_NE(atl, nullptr);
+  const auto AtlAxWinInit =
+      reinterpret_cast<WinInit>(reinterpret_cast<void*>(::GetProcAddress(atl, "AtlAxWinInit")));
+  const auto AtlAxGetControl = reinterpret_cast<GetControl>(
+      reinterpret_cast<void*>(::GetProcAddress(atl, "AtlAxGetControl")));
+  ASSERT_TRUE(AtlAxWinInit && AtlAxGetControl);
+  ASSERT_TRUE(AtlAxWinInit());
+  const HWND container =
+      ::CreateWindowExW(0, L"AtlAxWin", L"Tavrin.docCodeExplorer", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
+                        60, 60, 280, 360, nullptr, nullptr, ::GetModuleHandleW(nullptr), nullptr);
+  ASSERT_NE(container, nullptr);
+  HWND window = nullptr;
+  {
+    ComPtr<IUnknown> control;
+    ASSERT_EQ(AtlAxGetControl(container, control.put()), S_OK);
+    const auto in_place = control.As<IOleInPlaceObject>();
+    ASSERT_TRUE(in_place);
+    in_place->GetWindow(&window);
+    ASSERT_NE(window, nullptr);
+    EXPECT_NE(::GetDlgItem(window, win::kExplorerTreeId), nullptr);
+    ::SetWindowPos(container, nullptr, 0, 0, 420, 300, SWP_NOMOVE | SWP_NOZORDER);
+    Pump();
+    RECT container_client{}, control_client{};
+    ::GetClientRect(container, &container_client);
+    ::GetClientRect(window, &control_client);
+    EXPECT_EQ(control_client.right, container_client.right);
+    EXPECT_EQ(control_client.bottom, container_client.bottom);
+  }
+  ::DestroyWindow(container);
+  Pump();
+  EXPECT_FALSE(::IsWindow(window));
 }
 
 TEST_F(ToolWindowsTest, TenConnectionsLeaveNoWindowBehind) {
