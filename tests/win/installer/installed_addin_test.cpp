@@ -22,6 +22,7 @@
 #include "win/extensibility.h"
 #include "win/private_profile_file.h"
 #include "win/registry.h"
+#include "win/tool_window_classes.h"
 
 // After windows.h, which the project's headers include.
 #include <msi.h>
@@ -68,6 +69,18 @@ std::vector<Expected> ExpectedValues() {
     values.push_back({view, clsid + L"\\InprocServer32", L"ThreadingModel", L"Apartment"});
     values.push_back({view, clsid + L"\\ProgID", L"", win::kConnectProgId});
     values.push_back({view, clsid + L"\\VersionIndependentProgID", L"", win::kConnectProgId});
+    for (const win::ToolWindowControlClass& control : win::ToolWindowControlClasses()) {
+      const std::wstring key = std::wstring(L"Software\\Classes\\CLSID\\") + control.clsid_text;
+      values.push_back({view, key, L"", control.name});
+      values.push_back({view, key + L"\\InprocServer32", L"", folder + dll});
+      values.push_back({view, key + L"\\ProgID", L"", control.prog_id});
+      values.push_back({view, key + L"\\MiscStatus\\1", L"",
+                        std::to_wstring(win::kToolWindowMiscStatus)});
+    }
+  }
+  for (const win::ToolWindowControlClass& control : win::ToolWindowControlClasses()) {
+    values.push_back({KEY_WOW64_64KEY, std::wstring(L"Software\\Classes\\") + control.prog_id + L"\\CLSID",
+                      L"", control.clsid_text});
   }
   const std::wstring progid = std::wstring(L"Software\\Classes\\") + win::kConnectProgId;
   values.push_back({KEY_WOW64_64KEY, progid, L"", win::kConnectClassName});
