@@ -35,5 +35,7 @@ Command AddTemplateCommand(CLI::App& app);
 Command AddTreeCommand(CLI::App& app);
 Command AddFindCommand(CLI::App& app);
 Command AddTabOrderCommand(CLI::App& app);
+Command AddFragmentsCommand(CLI::App& app);
+Command AddFragmentCommand(CLI::App& app);
 
 }  // namespace tavrin::cli

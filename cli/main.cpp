@@ -47,7 +47,8 @@ int main(int argc, char **argv) {
       AddDeclCommand(app),       AddProcedureCommand(app),
       AddHeaderCommand(app),     AddTemplateCommand(app),
       AddTreeCommand(app),       AddFindCommand(app),
-      AddTabOrderCommand(app)};
+      AddTabOrderCommand(app),   AddFragmentsCommand(app),
+      AddFragmentCommand(app)};
 
   const std::vector<std::string> arguments = tavrin::platform::Utf8Arguments(argc, argv);
   std::vector<const char*> argument_pointers;
