@@ -56,7 +56,7 @@ TEST_F(FragmentToolTest, ListsAndInsertsFragments) {
             shown.end());
 
   const std::string module = folder_.File("Module1.bas");
-  const ToolRun inserted = Run({"fragment", "insert", "ForEach", module, "--caret", "3:5",
+  const ToolRun inserted = Run({"fragment", "insert", "ForEach", module, "--caret", "2:5",
                                 "--var", "item=Order", "--json"});
   ASSERT_EQ(inserted.status, 0) << inserted.err;
   const auto code = nlohmann::json::parse(inserted.out);
@@ -66,12 +66,12 @@ TEST_F(FragmentToolTest, ListsAndInsertsFragments) {
 
   // A variable neither given nor defined is asked; the answer is remembered.
   const ToolRun asked = Run({"--answer", "Line", "fragment", "insert", "<fragments>Loops\\ForEach.bas",
-                             module, "--caret", "3:5", "-i"});
+                             module, "--caret", "2:5", "-i"});
   ASSERT_EQ(asked.status, 0) << asked.err;
   EXPECT_NE(Read("Module1.bas").find("    For Each Line In Orders\r\n"), std::string::npos);
   EXPECT_NE(Read("addin/tvrvars.ini").find("[Last Answers]\r\nItem=Line\r\n"), std::string::npos);
 
-  const ToolRun unknown = Run({"fragment", "insert", "Nothing", module, "--caret", "3:5"});
+  const ToolRun unknown = Run({"fragment", "insert", "Nothing", module, "--caret", "2:5"});
   EXPECT_EQ(unknown.status, 2);
   EXPECT_NE(unknown.err.find("no fragment 'Nothing'"), std::string::npos);
 }
