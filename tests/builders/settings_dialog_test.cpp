@@ -169,6 +169,20 @@ TEST_F(SettingsDialogTest, AMissingFolderIsOfferedToBeCreated) {
             ReplaceAll(usr, "Library Folder=\\vbcode\\Library\\", "Library Folder=\\mylib\\"));
 }
 
+TEST_F(SettingsDialogTest, AReadOnlyFileIsRefusedAndTheDialogStaysOpen) {
+  const std::string usr = Read("tvrusr.ini");
+  const auto file = folder_.path() / "tvrusr.ini";
+  std::filesystem::permissions(file, std::filesystem::perms::owner_read |
+                                         std::filesystem::perms::group_read);
+  EXPECT_FALSE(Run({A::Text("Developer", "Ann"), A::Ok(), A::Cancel()}));
+  std::filesystem::permissions(file, std::filesystem::perms::owner_all);
+  ASSERT_EQ(host_.refusals.size(), 1u);
+  EXPECT_TRUE(host_.refusals[0].starts_with("Unable to save INI file section 'Developer'"))
+      << host_.refusals[0];
+  EXPECT_EQ(Read("tvrusr.ini"), usr);
+  EXPECT_EQ(applied_, 0);
+}
+
 TEST_F(SettingsDialogTest, ExamplesFollowTheFieldsAsTheUserTypes) {
   SettingsDialogModel model(services_);
   auto& fields = model.Fields();
