@@ -3,6 +3,7 @@
 #include "addin/code_pane.h"
 #include "addin/ignore_errors.h"
 #include "base/text.h"
+#include "fragments/code_folders.h"
 #include "ide/memory/component_kind.h"
 #include "ide/memory/memory_component.h"
 #include "ide/memory/memory_vbe.h"
@@ -51,8 +52,11 @@ std::vector<builders::CallableModule> LibraryCallables(platform::FileSystem& fil
                                                       std::string_view folder) {
   std::vector<builders::CallableModule> modules;
   const auto vbe = ide::memory::MemoryVbe::Create();
-  for (const std::string& path : files.FilesIn(folder)) {
-    if (!ide::memory::IsSourceFileName(path)) continue;
+  const auto entries = files.ListFolder(folder);
+  if (!entries) return modules;
+  for (const platform::FolderEntry& entry : *entries) {
+    if (entry.is_folder || !ide::memory::IsSourceFileName(entry.name)) continue;
+    const std::string path = fragments::JoinPath({std::string(folder), entry.name});
     const auto component = vbe->OpenFile(files, path);
     if (!component) continue;  // a file that is no module is no library
     auto callables = CallablesOf(nullptr, *component.value(), true);

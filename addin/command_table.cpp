@@ -5,6 +5,7 @@
 
 #include "addin/command_host.h"
 #include "addin/declaration_builders.h"
+#include "addin/fragment_commands.h"
 #include "addin/tool_commands.h"
 
 namespace tavrin::addin {
@@ -44,8 +45,6 @@ constexpr CommandRow InCodeWindow(CommandRow row) {
   return row;
 }
 
-// The pages of the product's web site that the Website entries open.
-#define TAVRIN_SITE "https://tavrin.example.org/"
 
 // Screen order. Toolbar buttons run handlers with the plain name; the same
 // command's menu entry has "TVR" after "mnuh". The type-named entries of
@@ -60,7 +59,7 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(0, 101, kPicture | kGroup, "mnuhAddProcedure_Click", RunAddProcedure),
     Entry(0, 104, kPicture, "mnuhAddClass_Click"),
     Entry(0, 106, kPicture | kGroup, "mnuhCodeLines_Click", RunCodeLineBuilder),
-    Entry(0, 181, kPicture, "mnuhFragmentAdd_Click"),
+    Entry(0, 181, kPicture, "mnuhFragmentAdd_Click", RunInsertFragment),
     Entry(0, 194, kPicture | kGroup, "mnuhDirectAccess_Click", RunShowToolWindow, "DirectAccess"),
     Entry(0, 195, kPicture, "mnuhCodeExplorer_Click", RunShowToolWindow, "CodeExplorer"),
 
@@ -153,9 +152,9 @@ constexpr auto kTable = std::to_array<CommandRow>({
           kCommentLinesRemove),
     Entry(2, 190, kGroup, "mnuhDebugPrint_Click", RunCodeLines, "Debug.Print "),
     Entry(1, 166, kPlain, "mnuhExit_Click", RunCodeLines, "Exit"),
-    Entry(1, 181, kPicture | kGroup, "mnuhTVRAddFragment_Click"),
+    Entry(1, 181, kPicture | kGroup, "mnuhTVRAddFragment_Click", RunInsertFragment),
     Entry(1, 184, kPlain, "mnuhTVRImportFile_Click"),
-    Entry(1, 185, kPlain, "mnuhTVRExportFile_Click"),
+    Entry(1, 185, kPlain, "mnuhTVRExportFile_Click", RunSaveFragment),
     Popup(1, 186, kGroup),  // "&Tools"
     Entry(2, 191, kPlain, "mnuhVerifyShortcuts_Click", RunVerifyShortcuts),
     Entry(2, 192, kPlain, "mnuhTabOrder_Click", RunShowToolWindow, "TabOrder"),
@@ -164,7 +163,7 @@ constexpr auto kTable = std::to_array<CommandRow>({
 
     // "Hel&p".
     Popup(0, 110, kGroup),
-    Entry(1, 111, kPicture, "mnuhHelpContents_Click"),
+    Entry(1, 111, kPicture, "mnuhHelpContents_Click", OpenHelpPage, "index.html"),
     Popup(1, 196),  // "&Tip of the Day"
     Entry(2, 197, kPlain, "mnuhTipOfTheDayTavrinStartup_Click", RunTipOfTheDay, "Tavrin_Startup"),
     Entry(2, 198, kPlain, "mnuhTipOfTheDayVarBuilder_Click", RunTipOfTheDay, "VarBuilder"),
@@ -173,22 +172,22 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(2, 401, kPlain, "mnuhTipOfTheDayProcBuilder_Click", RunTipOfTheDay, "ProcBuilder"),
     Entry(1, 109, kPlain, "mnuhSetting_Click", RunSettingsDialog),
     Popup(1, 115, kGroup),  // "&Website"
-    Entry(2, 117, kPlain, "mnuhWebSiteNewVersion_Click", OpenWebPage, TAVRIN_SITE "version"),
-    Entry(2, 119, kPlain, "mnuhWebSiteSupport_Click", OpenWebPage, TAVRIN_SITE "support"),
-    Entry(2, 120, kPlain, "mnuhWebSiteDownloads_Click", OpenWebPage, TAVRIN_SITE "downloads"),
-    Entry(2, 121, kPlain, "mnuhWebSiteVBDir_Click", OpenWebPage, TAVRIN_SITE "vbdirectory"),
+    // Until the product has a site, the Website entries open pages of the
+    // help book that ships with the add-in, so none of them can be dead.
+    Entry(2, 117, kPlain, "mnuhWebSiteNewVersion_Click", OpenHelpPage, "website-version.html"),
+    Entry(2, 119, kPlain, "mnuhWebSiteSupport_Click", OpenHelpPage, "website-support.html"),
+    Entry(2, 120, kPlain, "mnuhWebSiteDownloads_Click", OpenHelpPage, "website-downloads.html"),
+    Entry(2, 121, kPlain, "mnuhWebSiteVBDir_Click", OpenHelpPage, "website-vbdirectory.html"),
     Entry(1, 116, kPlain, "mnuhAbout_Click", RunAbout),
 
     // "Tavrin Insert" in the code window's context menu: the builders that
     // insert at the caret.
     InCodeWindow(Popup(0, kTavrinInsertCaption, kGroup)),
     InCodeWindow(Entry(1, 106, kPicture, "mnuhTVRCodeLines_Click", RunCodeLineBuilder)),
-    InCodeWindow(Entry(1, 181, kPicture, "mnuhTVRAddFragment_Click")),
+    InCodeWindow(Entry(1, 181, kPicture, "mnuhTVRAddFragment_Click", RunInsertFragment)),
     InCodeWindow(Entry(1, 182, kPicture, "mnuhTVRInsertVariable_Click")),
     InCodeWindow(Entry(1, 101, kPicture, "mnuhTVRAddProcedure_Click", RunAddProcedure)),
 });
-
-#undef TAVRIN_SITE
 
 }  // namespace
 

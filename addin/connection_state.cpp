@@ -1,17 +1,25 @@
 #include "addin/connection_state.h"
 
+#include "addin/code_pane.h"
+
 namespace tavrin::addin {
 ConnectionState::ConnectionState(const HostServices& services, std::shared_ptr<ide::IVbe> vbe,
                                  std::shared_ptr<ide::IAddIn> add_in)
     : services_(services),
+      settings_dialog_(services_.settings_dialog,
+                       {[this] { return SettingsServices(); }, [this] { return context_.dialogs; },
+                        [this] { return IndentString(services_.ide_options); },
+                        [this] { fragments::ReloadSettings(settings_, SettingsServices()); }}),
       vbe_(std::move(vbe)),
       add_in_(std::move(add_in)),
       context_{*vbe_,     services_.ui,     services_.ide_options,
-               &settings_, &services_.files, services_.dialogs} {}
+               &settings_, &services_.files, services_.dialogs} {
+  context_.profiles = &services_.profiles;
+}
 
 settings::SettingsServices ConnectionState::SettingsServices() const {
-  return {services_.profiles, services_.files, services_.ui, services_.settings_dialog,
-          services_.addin_folder};
+  return {services_.profiles, services_.files, services_.ui,
+          settings_dialog_, services_.addin_folder};
 }
 
 void ConnectionState::LoadSettings() {
@@ -19,7 +27,7 @@ void ConnectionState::LoadSettings() {
 }
 
 void ConnectionState::ShowSettingsDialog() {
-  services_.settings_dialog.ShowModal();
+  settings_dialog_.ShowModal();
   fragments::ReloadSettings(settings_, SettingsServices());
 }
 

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "addin/context.h"
+#include "builders/settings_dialog.h"
 #include "fragments/settings.h"
 #include "ide/object_model.h"
 #include "platform/file_system.h"
@@ -74,6 +75,9 @@ class ConnectionState {
   settings::SettingsServices SettingsServices() const;
 
   HostServices services_;
+  // The settings dialog model when the context has a dialog host, the
+  // host's own settings dialog otherwise.
+  mutable builders::ModelSettingsDialog settings_dialog_;
   fragments::Settings settings_;
   std::shared_ptr<ide::IVbe> vbe_;
   std::shared_ptr<ide::IAddIn> add_in_;

@@ -8,6 +8,7 @@
 #include "ide/object_model.h"
 #include "platform/file_system.h"
 #include "platform/ide_options.h"
+#include "platform/profile_file.h"
 #include "platform/ui.h"
 
 namespace tavrin::addin {
@@ -23,6 +24,9 @@ struct Context {
   // Shows the builders' dialogs; while null the commands that have a dialog
   // ask through the Ui's input box instead.
   builders::DialogHost* dialogs = nullptr;
+  // The add-in's INI files beyond the settings ("tvrvars.ini",
+  // "tvrrefra.ini"); while null they are read with the portable reader.
+  platform::ProfileFile* profiles = nullptr;
 };
 
 }  // namespace tavrin::addin

@@ -27,6 +27,7 @@ class ListDialog : public DialogModel {
              std::string placeholder = "", std::string initial = "");
 
   std::string Title() const override { return title_; }
+  std::string HelpTopic() const override { return "code-lines.html"; }
   std::vector<Field>& Fields() override { return fields_; }
   void Changed(std::string_view id) override;
   std::optional<Refusal> Accept() override;

@@ -21,6 +21,7 @@ class ArgumentDialog : public DialogModel {
   ArgumentDialog(std::vector<std::string> types, codegen::clsArgument argument = {});
 
   std::string Title() const override { return std::string(kArgumentDialogTitle); }
+  std::string HelpTopic() const override { return "procedures.html"; }
   std::vector<Field>& Fields() override { return fields_; }
   void Changed(std::string_view id) override;
   std::optional<Refusal> Accept() override;
@@ -48,6 +49,7 @@ class ProcedureDialog : public DialogModel {
                   codegen::TemplateEnvironment environment);
 
   std::string Title() const override { return std::string(kProcedureDialogTitle); }
+  std::string HelpTopic() const override { return "procedures.html"; }
   std::vector<Field>& Fields() override { return fields_; }
   void Changed(std::string_view id) override;
   void Pressed(std::string_view id, DialogHost& host) override;

@@ -50,7 +50,8 @@ int main(int argc, char **argv) {
       AddTabOrderCommand(app),   AddVariableCommand(app),
       AddConstantCommand(app),   AddPropertyCommand(app),
       AddEnumCommand(app),       AddTypeCommand(app),
-      AddCallCommand(app)};
+      AddCallCommand(app),       AddFragmentsCommand(app),
+      AddFragmentCommand(app)};
 
   const std::vector<std::string> arguments = tavrin::platform::Utf8Arguments(argc, argv);
   std::vector<const char*> argument_pointers;

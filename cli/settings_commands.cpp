@@ -10,6 +10,7 @@
 #include "cli/usage_error.h"
 #include "platform/ui.h"
 #include "settings/naming.h"
+#include "settings/setting_checks.h"
 
 namespace tavrin::cli {
 namespace {
@@ -60,21 +61,23 @@ void PrintSettings(const fragments::Settings& loaded, bool json) {
   if (json) std::cout << Dump(list) << '\n';
 }
 
-// The value in the item's type: yes/no as True/False, whole numbers as digits.
-settings::SettingValue CheckedValue(Item item, const std::string& key, const std::string& text) {
-  NoUi ui;
-  const settings::IniItemType type = *settings::Item2IniItemType(item, ui);
-  if (type == settings::IniItemType::kYesNo && !text.empty()) {
-    const auto flag = settings::TextToYesNo(text);
-    if (!flag) throw UsageError("'" + key + "' takes True or False, not '" + text + "'");
-    return *flag;
-  }
-  if (type == settings::IniItemType::kWholeNumber && !text.empty()) {
-    const auto number = settings::TextToWholeNumber(text);
-    if (!number) throw UsageError("'" + key + "' takes a whole number, not '" + text + "'");
-    return *number;
-  }
-  return text;
+// The value in the item's type, checked as the settings dialog checks it.
+settings::SettingValue CheckedValue(Item item, const std::string& text) {
+  if (const auto problem = settings::SettingTextProblem(item, text)) throw UsageError(*problem);
+  return settings::SettingValueOf(item, text);
+}
+
+// A folder setting whose folder is missing: created when the user says so.
+void CheckFolder(Item item, const std::string& key, const std::string& text,
+                 const fragments::Settings& loaded, AddinSession& session) {
+  if (item != Item::kBaseFolder && item != Item::kLibraryFolder) return;
+  const bool base = item == Item::kBaseFolder;
+  const fragments::CodeFolders folders(
+      session.Folder(), base ? text : loaded.Text(Item::kBaseFolder),
+      base ? loaded.Text(Item::kLibraryFolder) : text);
+  if (const auto problem = settings::CheckFolderSetting(
+          key, folders.CodeFolder(base ? 1 : 2), session.Files(), session.Services().ui))
+    throw UsageError(*problem);
 }
 
 int RunSettings(const GlobalOptions& globals, const SettingsArguments& arguments) {
@@ -89,9 +92,10 @@ int RunSettingsSet(const GlobalOptions& globals, const SettingsArguments& argume
   if (!item) throw UsageError("unknown setting '" + arguments.key + "'; see tavrin settings");
   NoUi ui;
   const std::string key = settings::Item2Name(*item, ui);
-  const settings::SettingValue value = CheckedValue(*item, key, arguments.value);
+  const settings::SettingValue value = CheckedValue(*item, arguments.value);
   AddinSession session(globals);
   fragments::Settings loaded = session.Load(false);
+  CheckFolder(*item, key, arguments.value, loaded, session);
   if (const Status saved = settings::SaveItem(loaded.values, session.Services(), *item, value);
       !saved)
     throw UsageError(ReplaceAll(saved.error(), "\r\n", ": "));

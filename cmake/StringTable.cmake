@@ -78,6 +78,14 @@ foreach(file IN LISTS _tavrin_addin_files)
   list(APPEND _tavrin_embed_pairs "${PROJECT_SOURCE_DIR}/resources/addin/${file}=${file}")
   list(APPEND _tavrin_embed_sources ${PROJECT_SOURCE_DIR}/resources/addin/${file})
 endforeach()
+# The help book, installed as help/ beside the add-in.
+file(GLOB _tavrin_help_files CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/docs/help
+     ${PROJECT_SOURCE_DIR}/docs/help/*.html ${PROJECT_SOURCE_DIR}/docs/help/*.css)
+list(SORT _tavrin_help_files)
+foreach(file IN LISTS _tavrin_help_files)
+  list(APPEND _tavrin_embed_pairs "${PROJECT_SOURCE_DIR}/docs/help/${file}=help/${file}")
+  list(APPEND _tavrin_embed_sources ${PROJECT_SOURCE_DIR}/docs/help/${file})
+endforeach()
 add_custom_command(
   OUTPUT ${TAVRIN_DEFAULT_FILES_SOURCE}
   COMMAND ${CMAKE_COMMAND} -DOUTPUT=${TAVRIN_DEFAULT_FILES_SOURCE}

@@ -27,4 +27,17 @@ Status SeedAddinFolder(platform::FileSystem& files, const std::string& folder,
   return {};
 }
 
+Status InstallHelpBook(platform::FileSystem& files, const std::string& folder,
+                       platform::PathStyle style) {
+  for (const resources::EmbeddedFile& file : resources::DefaultAddinFiles()) {
+    if (!file.path.starts_with("help/")) continue;
+    const std::string path = JoinPath({folder, std::string(file.path)}, style);
+    const std::string bytes = ReplaceAll(file.bytes, "\n", "\r\n");
+    if (Result<std::string> present = files.ReadFile(path); present && *present == bytes) continue;
+    if (Status created = files.CreateFolders(ParentFolder(path)); !created) return created;
+    if (Status written = files.WriteFile(path, bytes); !written) return written;
+  }
+  return {};
+}
+
 }  // namespace tavrin::fragments

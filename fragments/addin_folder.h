@@ -16,4 +16,10 @@ namespace tavrin::fragments {
 Status SeedAddinFolder(platform::FileSystem& files, const std::string& folder,
                        platform::PathStyle style = platform::NativePathStyle());
 
+// Writes the help book ("help/" of the default files) into the add-in's
+// folder wherever a page is missing or differs: the pages are the add-in's
+// own and follow its version.
+Status InstallHelpBook(platform::FileSystem& files, const std::string& folder,
+                       platform::PathStyle style = platform::NativePathStyle());
+
 }  // namespace tavrin::fragments

@@ -24,6 +24,8 @@ Settings LoadSettings(const settings::SettingsServices& services, bool interacti
                            platform::kAppTitle);
     settings.report.problems.push_back(seeded.error());
   }
+  // A help book that cannot be written is no reason to stop the add-in.
+  (void)InstallHelpBook(services.files, services.addin_folder);
   settings::LoadReport report = settings::LoadValueTable(settings.values, services, interactive);
   report.problems.insert(report.problems.begin(), settings.report.problems.begin(),
                          settings.report.problems.end());

@@ -11,6 +11,11 @@
 
 namespace tavrin::platform {
 
+struct FolderEntry {
+  std::string name;
+  bool is_folder = false;
+};
+
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
@@ -24,9 +29,18 @@ class FileSystem {
   // cache of its contents can skip reading it again; nullopt when this file
   // system cannot tell.
   virtual std::optional<std::string> ChangeStamp(std::string_view path) { return std::nullopt; }
-  // The paths of the files directly in a folder, sorted; empty when it
-  // cannot be read or this file system cannot list.
-  virtual std::vector<std::string> FilesIn(std::string_view folder) { return {}; }
+  // The files and sub-folders of a folder, sorted by name without regard
+  // to case.
+  virtual Result<std::vector<FolderEntry>> ListFolder(std::string_view path) {
+    return Error{"cannot list '" + std::string(path) + "': not supported here"};
+  }
+  // Renames or moves a file; an existing target is refused, not replaced.
+  virtual Status MoveFile(std::string_view from, std::string_view to) {
+    return Error{"cannot move '" + std::string(from) + "': not supported here"};
+  }
+  virtual Status DeleteFile(std::string_view path) {
+    return Error{"cannot delete '" + std::string(path) + "': not supported here"};
+  }
 };
 
 // The operating system's shell: the temporary folder and opening a document

@@ -1,5 +1,6 @@
 #include "platform/std_file_system.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cerrno>
 #include <cstring>
@@ -118,18 +119,43 @@ Status StdFileSystem::CreateFolders(std::string_view path) {
   return {};
 }
 
-std::vector<std::string> StdFileSystem::FilesIn(std::string_view folder) {
-  std::vector<std::string> files;
+Result<std::vector<FolderEntry>> StdFileSystem::ListFolder(std::string_view path) {
   std::error_code error;
-  for (fs::directory_iterator it(ToPath(folder), error), end; !error && it != end;
-       it.increment(error)) {
+  fs::directory_iterator it(ToPath(path), error);
+  if (error) return Error{"cannot list " + Quoted(path) + ": " + Describe(error)};
+  std::vector<FolderEntry> entries;
+  for (; it != fs::directory_iterator(); it.increment(error)) {
+    if (error) return Error{"cannot list " + Quoted(path) + ": " + Describe(error)};
+    const std::u8string name = it->path().filename().u8string();
     std::error_code kind_error;
-    if (!it->is_regular_file(kind_error)) continue;
-    const std::u8string name = it->path().u8string();
-    files.emplace_back(name.begin(), name.end());
+    entries.push_back({std::string(name.begin(), name.end()), it->is_directory(kind_error)});
   }
-  std::sort(files.begin(), files.end());
-  return files;
+  std::sort(entries.begin(), entries.end(), [](const FolderEntry& a, const FolderEntry& b) {
+    return std::lexicographical_compare(
+        a.name.begin(), a.name.end(), b.name.begin(), b.name.end(), [](char x, char y) {
+          return std::tolower(static_cast<unsigned char>(x)) <
+                 std::tolower(static_cast<unsigned char>(y));
+        });
+  });
+  return entries;
+}
+
+Status StdFileSystem::MoveFile(std::string_view from, std::string_view to) {
+  std::error_code error;
+  if (fs::exists(ToPath(to), error))
+    return Error{"cannot move " + Quoted(from) + " to " + Quoted(to) + ": the target exists"};
+  fs::rename(ToPath(from), ToPath(to), error);
+  if (error) return Error{"cannot move " + Quoted(from) + ": " + Describe(error)};
+  return {};
+}
+
+Status StdFileSystem::DeleteFile(std::string_view path) {
+  std::error_code error;
+  if (!fs::is_regular_file(ToPath(path), error))
+    return Error{"cannot delete " + Quoted(path) + ": no such file"};
+  fs::remove(ToPath(path), error);
+  if (error) return Error{"cannot delete " + Quoted(path) + ": " + Describe(error)};
+  return {};
 }
 
 }  // namespace tavrin::platform

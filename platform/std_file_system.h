@@ -15,7 +15,9 @@ class StdFileSystem : public FileSystem {
   bool FolderExists(std::string_view path) override;
   Status CreateFolders(std::string_view path) override;
   std::optional<std::string> ChangeStamp(std::string_view path) override;
-  std::vector<std::string> FilesIn(std::string_view folder) override;
+  Result<std::vector<FolderEntry>> ListFolder(std::string_view path) override;
+  Status MoveFile(std::string_view from, std::string_view to) override;
+  Status DeleteFile(std::string_view path) override;
 };
 
 }  // namespace tavrin::platform

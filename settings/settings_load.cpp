@@ -100,6 +100,29 @@ bool LoadFile(ValueTable& values, const SettingsServices& services, const std::s
   return marked;
 }
 
+// The catalogue's messages and conversion problems were shown by the load
+// before; a reload after the settings dialog does not show them again.
+class QuietUi : public platform::Ui {
+ public:
+  platform::Answer MessageBox(std::string_view, platform::Buttons, platform::Icon,
+                              std::string_view) override {
+    return platform::Answer::kOk;
+  }
+  std::optional<std::string> InputBox(std::string_view, std::string_view,
+                                      std::string_view) override {
+    return std::nullopt;
+  }
+};
+
+// Opens the settings dialog and reads back what it wrote.
+void ShowDialogAndReload(ValueTable& values, const SettingsServices& services) {
+  services.dialog.ShowModal();
+  QuietUi quiet;
+  const SettingsServices reload{services.profiles, services.files, quiet, services.dialog,
+                                services.addin_folder};
+  LoadValueTable(values, reload, false);
+}
+
 // Asks whether a dockable window should open with the add-in; Yes stores it.
 bool OfferWindow(ValueTable& values, const SettingsServices& services, Item item,
                  int question_id) {
@@ -130,14 +153,14 @@ LoadReport LoadValueTable(ValueTable& values, const SettingsServices& services,
 
   if (!interactive) return report;
   if (report.defaults_written) {
-    services.dialog.ShowModal();
+    ShowDialogAndReload(values, services);
     return report;
   }
   const bool no_developer =
       values.Text(Item::kDeveloper).empty() && values.Text(Item::kInitials).empty() &&
       values.Text(Item::kOrganization).empty() && values.Text(Item::kCopyright).empty();
   if (!no_developer) return report;
-  services.dialog.ShowModal();
+  ShowDialogAndReload(values, services);
   const bool explorer = OfferWindow(values, services, Item::kViewCodeExplorerWindow, 2407);
   const bool shortcuts = OfferWindow(values, services, Item::kViewTavrinWindow, 2408);
   if (explorer || shortcuts) Show(services.ui, resources::LoadResString(2409));

@@ -1,0 +1,190 @@
+#include "addin/fragment_commands.h"
+
+#include <memory>
+#include <optional>
+
+#include "addin/code_line_commands.h"
+#include "addin/code_pane.h"
+#include "addin/command_host.h"
+#include "base/text.h"
+#include "builders/fragment_browser.h"
+#include "builders/fragment_editor.h"
+#include "fragments/code_folders.h"
+#include "platform/portable_profile_file.h"
+
+namespace tavrin::addin {
+namespace {
+
+void Tell(Context& context, std::string_view text, platform::Icon icon) {
+  context.ui.MessageBox(text, platform::Buttons::kOk, icon, platform::kAppTitle);
+}
+
+// The context's profile files, or the portable reader over its files.
+class Profiles {
+ public:
+  explicit Profiles(Context& context) {
+    if (context.profiles) {
+      profiles_ = context.profiles;
+    } else {
+      own_ = std::make_unique<platform::PortableProfileFile>(*context.files);
+      profiles_ = own_.get();
+    }
+  }
+  platform::ProfileFile& operator*() { return *profiles_; }
+
+ private:
+  std::unique_ptr<platform::PortableProfileFile> own_;
+  platform::ProfileFile* profiles_ = nullptr;
+};
+
+// Each non-empty line moved right by the margin.
+std::string Indented(std::string_view text, int margin) {
+  std::vector<std::string> lines;
+  for (std::string_view line : SplitCrLf(text))
+    lines.push_back(IsBlankOrEmpty(line) ? std::string(line) : Blanks(margin) + std::string(line));
+  return JoinCrLf(lines);
+}
+
+// Values for the variables the sources do not define: one dialog, or one
+// input box each; nullopt when the user cancels.
+std::optional<fragments::VariableValues> Ask(Context& context,
+                                             const std::vector<std::string>& names,
+                                             const fragments::VariableValues& last) {
+  if (context.dialogs) {
+    builders::FragmentVariablesDialog dialog(names, last);
+    if (!context.dialogs->Show(dialog)) return std::nullopt;
+    return dialog.Values();
+  }
+  fragments::VariableValues values;
+  for (const std::string& name : names) {
+    const auto found = last.find(ToUpperAscii(name));
+    const auto answer = context.ui.InputBox(name + ":", builders::kFragmentVariablesTitle,
+                                            found == last.end() ? "" : found->second);
+    if (!answer) return std::nullopt;
+    values[ToUpperAscii(name)] = *answer;
+  }
+  return values;
+}
+
+}  // namespace
+
+bool InsertFragment(Context& context, const fragments::FragmentEntry& fragment,
+                    const fragments::VariableValues& given) {
+  if (!context.settings || !context.files) return false;
+  if (!IsCodePaneReady(context)) return false;
+  Result<std::string> read = fragments::ReadFragmentText(*context.files, fragment.path);
+  if (!read) {
+    Tell(context, read.error(), platform::Icon::kExclamation);
+    return false;
+  }
+  std::string text = builders::ExpandFragment(TemplateEnvironmentOf(context), std::move(*read),
+                                             fragment.include_name);
+
+  Profiles profiles(context);
+  const std::string& folder = context.settings->addin_folder;
+  fragments::VariableValues values = given;
+  const fragments::VariableValues defined = fragments::ReadVariableSection(
+      *profiles, *context.files, folder, fragments::kVariablesSection);
+  values.insert(defined.begin(), defined.end());  // what was given wins
+  std::vector<std::string> unknown;
+  for (const std::string& name : fragments::FragmentVariables(text))
+    if (!values.count(ToUpperAscii(name))) unknown.push_back(name);
+  if (!unknown.empty()) {
+    const auto answers =
+        Ask(context, unknown,
+            fragments::ReadVariableSection(*profiles, *context.files, folder,
+                                           fragments::kLastAnswersSection));
+    if (!answers) return false;
+    if (const Status kept =
+            fragments::RememberAnswers(*profiles, *context.files, folder, *answers, unknown);
+        !kept)
+      Tell(context, kept.error(), platform::Icon::kExclamation);
+    values.insert(answers->begin(), answers->end());
+  }
+  text = fragments::FillVariables(text, values);
+  while (text.ends_with("\r\n")) text.resize(text.size() - 2);  // no blank line after it
+
+  const int first = InsertBlock(context, Indented(text, CaretMargin(context)), 0);
+  if (first > 0 && text.find(kCursorMarker) != std::string::npos)
+    PlaceCursorMarker(context, first, false);
+
+  const std::vector<std::string> references =
+      fragments::FragmentReferences(*profiles, *context.files, folder, fragment);
+  if (!references.empty()) {
+    std::string list;
+    for (const std::string& reference : references) list += "\r\n    " + reference;
+    Tell(context,
+         "The fragment '" + fragment.name + "' uses these references:" + list +
+             "\r\n\r\nAdd the ones the project lacks with Project > References.",
+         platform::Icon::kInformation);
+  }
+  return first > 0;
+}
+
+bool InsertFragmentCommand(Context& context) {
+  if (!context.dialogs || !context.settings || !context.files || !IsCodePaneReady(context))
+    return false;
+  builders::FragmentBrowser browser(context.settings->folders, TemplateEnvironmentOf(context),
+                                    *context.files, context.ui);
+  if (!context.dialogs->Show(browser) || !browser.Selected()) return false;
+  return InsertFragment(context, *browser.Selected());
+}
+
+std::string FragmentSourceText(Context& context) {
+  const auto pane = context.vbe.ActiveCodePane();
+  if (!pane) return "";
+  const auto module = pane->CodeModule();
+  const ide::TextRange selection = pane->GetSelection();
+  const bool selected = selection.end_line > selection.start_line ||
+                        (selection.end_line == selection.start_line &&
+                         selection.end_column > selection.start_column);
+  if (selected) {
+    // Whole lines: a fragment is made of lines.
+    int last = selection.end_line;
+    if (last > selection.start_line && selection.end_column <= 1) --last;
+    return module->Lines(selection.start_line, last - selection.start_line + 1);
+  }
+  const ide::ProcRef proc = module->ProcOfLine(selection.start_line);
+  if (proc.name.empty()) return "";
+  const int start = module->ProcStartLine(proc.name, proc.kind);
+  return module->Lines(start, module->ProcCountLines(proc.name, proc.kind));
+}
+
+bool SaveFragmentCommand(Context& context) {
+  if (!context.dialogs || !context.settings || !context.files || !IsCodePaneReady(context))
+    return false;
+  const std::string text = FragmentSourceText(context);
+  if (text.empty()) {
+    Tell(context, "Select the lines to save, or put the caret in a procedure.",
+         platform::Icon::kInformation);
+    return false;
+  }
+  builders::FragmentEditor editor(context.settings->folders, *context.files, text);
+  return context.dialogs->Show(editor);
+}
+
+std::string HelpPagePath(const Context& context, std::string_view page) {
+  const std::string folder = context.settings ? context.settings->addin_folder : "";
+  return fragments::JoinPath({folder, "help", std::string(page)}, platform::NativePathStyle());
+}
+
+void RunInsertFragment(CommandHost& host, std::string_view) {
+  InsertFragmentCommand(host.CommandContext());
+}
+
+void RunSaveFragment(CommandHost& host, std::string_view) {
+  SaveFragmentCommand(host.CommandContext());
+}
+
+void OpenHelpPage(CommandHost& host, std::string_view page) {
+  Context& context = host.CommandContext();
+  const std::string path = HelpPagePath(context, page);
+  if (context.files && !context.files->FileExists(path)) {
+    Tell(context, "The help page '" + path + "' is not installed.", platform::Icon::kExclamation);
+    return;
+  }
+  if (Status opened = host.Shell().OpenDocument(path); !opened)
+    Tell(context, opened.error(), platform::Icon::kExclamation);
+}
+
+}  // namespace tavrin::addin
