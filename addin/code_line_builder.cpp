@@ -56,7 +56,8 @@ std::vector<builders::CallableModule> LibraryCallables(platform::FileSystem& fil
   if (!entries) return modules;
   for (const platform::FolderEntry& entry : *entries) {
     if (entry.is_folder || !ide::memory::IsSourceFileName(entry.name)) continue;
-    const std::string path = fragments::JoinPath({std::string(folder), entry.name});
+    const std::string path =
+        fragments::JoinPath({std::string(folder), entry.name}, platform::NativePathStyle());
     const auto component = vbe->OpenFile(files, path);
     if (!component) continue;  // a file that is no module is no library
     auto callables = CallablesOf(nullptr, *component.value(), true);
