@@ -6,6 +6,7 @@
 #include "addin/command_host.h"
 #include "addin/declaration_builders.h"
 #include "addin/fragment_commands.h"
+#include "addin/import_file.h"
 #include "addin/tool_commands.h"
 
 namespace tavrin::addin {
@@ -153,7 +154,7 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(2, 190, kGroup, "mnuhDebugPrint_Click", RunCodeLines, "Debug.Print "),
     Entry(1, 166, kPlain, "mnuhExit_Click", RunCodeLines, "Exit"),
     Entry(1, 181, kPicture | kGroup, "mnuhTVRAddFragment_Click", RunInsertFragment),
-    Entry(1, 184, kPlain, "mnuhTVRImportFile_Click"),
+    Entry(1, 184, kPlain, "mnuhTVRImportFile_Click", RunImportFile),
     Entry(1, 185, kPlain, "mnuhTVRExportFile_Click", RunSaveFragment),
     Popup(1, 186, kGroup),  // "&Tools"
     Entry(2, 191, kPlain, "mnuhVerifyShortcuts_Click", RunVerifyShortcuts),

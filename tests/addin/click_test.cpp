@@ -7,6 +7,7 @@
 
 #include "addin/declaration_builders.h"
 #include "addin/fragment_commands.h"
+#include "addin/import_file.h"
 #include "addin/tool_commands.h"
 #include "tests/addin/connect_fixture.h"
 #include "tests/support/code_lines.h"
@@ -103,7 +104,7 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
                                        RunVerifyShortcuts, RunSettingsDialog, RunAddVariable,
                                        RunAddConstant, RunAddProperty, RunNewBlock,
                                        RunAddBlockItem, RunCodeLineBuilder, RunTipOfTheDay,
-                                       RunAbout}));
+                                       RunAbout, RunImportFile}));
 }
 
 TEST_F(ClickTest, CodeCommandsDoNothingWithoutACodeWindow) {

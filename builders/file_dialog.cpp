@@ -1,0 +1,19 @@
+#include "builders/file_dialog.h"
+
+namespace tavrin::builders {
+
+FileDialog::FileDialog(std::string title, std::string caption, platform::FileSystem& files)
+    : title_(std::move(title)), files_(files) {
+  Field path = MakeField("path", FieldKind::kFile, std::move(caption));
+  path.remember = true;
+  fields_.push_back(std::move(path));
+}
+
+std::optional<Refusal> FileDialog::Accept() {
+  const std::string& path = fields_.front().text;
+  if (path.empty()) return Refusal{"Choose a file.", "path"};
+  if (!files_.FileExists(path)) return Refusal{"The file '" + path + "' does not exist.", "path"};
+  return std::nullopt;
+}
+
+}  // namespace tavrin::builders
