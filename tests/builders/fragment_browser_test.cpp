@@ -151,8 +151,11 @@ TEST_F(FragmentInsertTest, TheEditorSavesMarkedCodeAndTheBrowserManagesFiles) {
   EXPECT_EQ(builders::FindField(editor.Fields(), "problem")->text, "");
   const fs::path saved = fs::path(settings_.folders.CodeFolder(3)) / "Open.bas";
   EXPECT_EQ(editor.SavedPath(), saved.string());
-  std::ifstream in(saved, std::ios::binary);
-  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), "Set rs = Open(\"{Table}\")\r\n");
+  {  // closed again before the browser renames it, as Windows requires
+    std::ifstream in(saved, std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}),
+              "Set rs = Open(\"{Table}\")\r\n");
+  }
 
   builders::FragmentBrowser browser(settings_.folders, TemplateEnvironmentOf(context_), files_,
                                     ui_);

@@ -162,7 +162,7 @@ TEST_F(SettingsDialogTest, AMissingFolderIsOfferedToBeCreated) {
   ASSERT_TRUE(Run({A::Text("Library Folder", "\\mylib\\"), A::Ok(), A::Ok()}));
   ASSERT_EQ(host_.refusals.size(), 1u);
   EXPECT_EQ(host_.refusals[0], "The folder '" +
-                                   (folder_.path() / "mylib/").string() +
+                                   (folder_.path() / "mylib" / "").string() +
                                    "' of 'Library Folder' does not exist");
   EXPECT_TRUE(std::filesystem::is_directory(folder_.path() / "mylib"));
   EXPECT_EQ(Read("tvrusr.ini"),

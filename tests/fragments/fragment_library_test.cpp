@@ -88,13 +88,13 @@ TEST_F(FragmentLibraryTest, ListsTheCodeFoldersAsATree) {
 
 TEST_F(FragmentLibraryTest, RefusesLargeAndBinaryFiles) {
   Write("big.bas", std::string(kLargestFragment, 'x'));
-  Write("nul.bas", std::string("Dim x\0y", 7));
+  Write("binary.bas", std::string("Dim x\0y", 7));
   Write("ok.bas", "Dim x\nDim y\r\n");
   const std::string base = folder_.path().string() + "/";
   EXPECT_EQ(ReadFragmentText(files_, base + "big.bas").error(),
             "The fragment '" + base + "big.bas' is 10 MB or larger; fragments are small code files.");
-  EXPECT_EQ(ReadFragmentText(files_, base + "nul.bas").error(),
-            "The fragment '" + base + "nul.bas' is not a text file.");
+  EXPECT_EQ(ReadFragmentText(files_, base + "binary.bas").error(),
+            "The fragment '" + base + "binary.bas' is not a text file.");
   EXPECT_EQ(*ReadFragmentText(files_, base + "ok.bas"), "Dim x\r\nDim y\r\n");
   EXPECT_FALSE(ReadFragmentText(files_, base + "none.bas"));
 }

@@ -49,8 +49,7 @@ TEST_F(BuilderDialogsTest, AddProcedureInsertsWhatTheDialogShows) {
   ASSERT_TRUE(robot.Finished() && !robot.GaveUp()) << robot.StepsDone();
   const std::string code = win::WideToUtf8(preview);
   EXPECT_NE(code.find("Function Total(ByVal count As Long) As Long"), std::string::npos) << code;
-  EXPECT_EQ(Module(),
-            std::string(kModule) + "\r\n" + code + (code.ends_with("\r\n") ? "" : "\r\n"));
+  EXPECT_EQ(Module(), std::string(kModule) + "\r\n" + code);
   // The caret on the first line of the body, below the declaration and its
   // continuation lines.
   const auto module = component_->CodeModule();
