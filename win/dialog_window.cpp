@@ -241,10 +241,14 @@ void DialogWindow::Initialize() {
   ::wcscpy(fixed.lfFaceName, L"Courier New");
   fixed_font_.reset(::CreateFontIndirectW(&fixed));
   const std::vector<Field>& fields = Fields();
-  for (std::size_t i = 0; i < fields.size(); ++i)
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    const HWND control = ::GetDlgItem(dialog_, FieldId(i, kControl));
     if (fields[i].kind == FieldKind::kPreview)
-      ::SendMessageW(::GetDlgItem(dialog_, FieldId(i, kControl)), WM_SETFONT,
-                     reinterpret_cast<WPARAM>(fixed_font_.get()), FALSE);
+      ::SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(fixed_font_.get()), FALSE);
+    // A note's text lines up with the labels around it.
+    if (fields[i].kind == FieldKind::kNote)
+      ::SendMessageW(control, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
+  }
   if (const HWND tabs = ::GetDlgItem(dialog_, kTabsId)) {
     for (std::size_t p = 0; p < layout_.pages.size(); ++p) {
       std::wstring caption = Utf8ToWide(layout_.pages[p]);
