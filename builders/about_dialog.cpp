@@ -34,10 +34,9 @@ std::string ProductAndVersion() { return std::string("Tavrin ") + TAVRIN_VERSION
 AboutDialog::AboutDialog() {
   fields_.push_back(Text("product", FieldKind::kLabel, ProductAndVersion()));
   fields_.back().caption = fields_.back().text;
-  fields_.push_back(Text("description", FieldKind::kLabel, kDescription, 2));
-  fields_.back().caption = fields_.back().text;
-  fields_.push_back(Text("credits", FieldKind::kPreview, Credits(), 6));
-  fields_.back().caption = "Credits:";
+  fields_.push_back(Text("description", FieldKind::kNote, kDescription, 2));
+  fields_.push_back(MakeField("credits_heading", FieldKind::kLabel, "Credits"));
+  fields_.push_back(Text("credits", FieldKind::kNote, Credits(), 6));
 }
 
 std::string AboutText() {

@@ -21,6 +21,7 @@ enum class FieldKind {
   kList,    // list box
   kButton,
   kPreview,  // read-only, several lines, fixed-width font
+  kNote,     // read-only prose, wrapped, in the dialog's font
   kFile,
   kFolder,
 };

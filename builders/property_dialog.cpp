@@ -94,8 +94,11 @@ Insertion PropertyDialog::MemberPlace() const {
 
 void PropertyDialog::Refresh() {
   const PropertySpec spec = Spec();
-  FindField(fields_, "member")->text = spec.member;
-  FindField(fields_, "preview")->text = MemberPlace().text + "\r\n\r\n" + PropertyCode(spec);
+  // Without a name there is nothing sensible to show yet.
+  const bool named = !spec.name.empty();
+  FindField(fields_, "member")->text = named ? spec.member : "";
+  FindField(fields_, "preview")->text =
+      named ? MemberPlace().text + "\r\n\r\n" + PropertyCode(spec) : "";
 }
 
 void PropertyDialog::Changed(std::string_view) { Refresh(); }

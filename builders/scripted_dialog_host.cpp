@@ -26,6 +26,12 @@ std::optional<DialogAction::Op> SetAction(const Field& field, std::string_view v
   }
 }
 
+// Labels, notes and previews show the model's text; nobody types there.
+bool IsReadOnly(const Field& field) {
+  return field.kind == FieldKind::kLabel || field.kind == FieldKind::kNote ||
+         field.kind == FieldKind::kPreview;
+}
+
 }  // namespace
 
 void ScriptedDialogHost::Answer(const std::string& title, DialogScript script) {
@@ -50,7 +56,7 @@ bool ScriptedDialogHost::Show(DialogModel& model) {
       return true;
     }
     Field* field = FindField(model.Fields(), action.id);
-    if (!field || !field->enabled || !field->visible) {
+    if (!field || !field->enabled || !field->visible || IsReadOnly(*field)) {
       errors.push_back(title + ": no usable field " + action.id);
       return false;
     }

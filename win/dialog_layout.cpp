@@ -29,16 +29,6 @@ constexpr int kNumberWidth = 40;
 constexpr int kPreviewWidth = 260;
 constexpr int kColumnGap = 10;
 
-bool HasSideLabel(const Field& field) {
-  switch (field.kind) {
-    case FieldKind::kLabel:
-    case FieldKind::kCheck:
-    case FieldKind::kButton:
-    case FieldKind::kPreview: return false;
-    default: return !field.caption.empty();
-  }
-}
-
 int Inset(const Field& field) {
   return (field.group.empty() ? 0 : kGroupInset) + (field.page.empty() ? 0 : kTabInset);
 }
@@ -48,15 +38,18 @@ class Layouter {
   Layouter(const std::vector<Field>& fields, const TextWidth& text_width, DialogLayout& layout)
       : fields_(fields), width_(text_width), layout_(layout) {
     for (const Field& field : fields_)
-      if (HasSideLabel(field))
+      if (field.visible && HasSideLabel(field))
         label_width_ = std::max(label_width_, Text(field.caption) + Inset(field));
     column_width_ = (label_width_ ? label_width_ + kLabelGap : 0) + kControlWidth;
     for (const Field& field : fields_) {
+      if (!field.visible) continue;
       if (field.kind == FieldKind::kCheck)
         column_width_ =
             std::max(column_width_, Text(field.caption) + kCheckBoxWidth + Inset(field));
-      if (field.kind == FieldKind::kLabel)
-        column_width_ = std::max(column_width_, std::min(Text(Shown(field)) + Inset(field), 300));
+      if (field.kind == FieldKind::kLabel && !HasSideLabel(field))
+        column_width_ =
+            std::max(column_width_, std::min(Text(LabelText(field)) + Inset(field), 300));
+      if (field.kind == FieldKind::kNote) column_width_ = std::max(column_width_, kPreviewWidth);
     }
     // Four check boxes or more in a row take two columns at least.
     for (std::size_t i = 0; i < fields_.size();) {
@@ -104,9 +97,6 @@ class Layouter {
 
  private:
   int Text(std::string_view text) const { return width_(WithoutAccessMark(text)); }
-  static const std::string& Shown(const Field& field) {
-    return field.text.empty() ? field.caption : field.text;
-  }
 
   int Rows(const std::vector<std::size_t>& run, int left, int right, int y) {
     const int top = y;
@@ -126,8 +116,10 @@ class Layouter {
       } else if (field.kind == FieldKind::kList) {
         while (end < run.size() && fields_[run[end]].kind == FieldKind::kButton) ++end;
         y = ListWithButtons(run, k, end, left, right, y);
-      } else if (field.kind == FieldKind::kLabel) {
-        const int lines = Lines(Shown(field), right - left);
+      } else if (field.kind == FieldKind::kNote ||
+                 (field.kind == FieldKind::kLabel && !HasSideLabel(field))) {
+        const int lines = std::max(Lines(LabelText(field), right - left),
+                                   field.kind == FieldKind::kNote ? field.rows : 1);
         Place(run[k]).control = {left, y, right - left, lines * kLineHeight};
         y += lines * kLineHeight;
       } else {
@@ -153,7 +145,7 @@ class Layouter {
   FieldPlace& Place(std::size_t index) { return layout_.fields[index]; }
 
   Box SideLabel(std::size_t index, int left, int y) {
-    if (!HasSideLabel(fields_[index])) return {};
+    if (!HasSideLabel(fields_[index]) || label_width_ == 0) return {};
     return {left, y, control_x_ - kLabelGap - left, kLineHeight};
   }
 
@@ -167,7 +159,9 @@ class Layouter {
       width -= kBrowseWidth + 2;
       place.browse = {right - kBrowseWidth, y, kBrowseWidth, kEditHeight};
     }
-    place.control = {control_x_, y, width, kEditHeight};
+    // A captioned label shows its value as text in line with the caption.
+    place.control = field.kind == FieldKind::kLabel ? Box{control_x_, y + 3, width, kLineHeight}
+                                                    : Box{control_x_, y, width, kEditHeight};
     return y + kEditHeight;
   }
 
@@ -239,6 +233,22 @@ class Layouter {
 
 }  // namespace
 
+bool HasSideLabel(const Field& field) {
+  switch (field.kind) {
+    case FieldKind::kLabel: return field.caption.ends_with(':');
+    case FieldKind::kCheck:
+    case FieldKind::kButton:
+    case FieldKind::kPreview:
+    case FieldKind::kNote: return false;
+    default: return true;
+  }
+}
+
+const std::string& LabelText(const Field& field) {
+  if (HasSideLabel(field)) return field.text;
+  return field.text.empty() ? field.caption : field.text;
+}
+
 std::string WithoutAccessMark(std::string_view caption) {
   std::string shown;
   for (std::size_t i = 0; i < caption.size(); ++i) {
@@ -255,12 +265,14 @@ DialogLayout LayOutDialog(const std::vector<Field>& fields, bool with_help,
   Layouter layouter(fields, text_width, layout);
   std::vector<std::size_t> plain, previews;
   std::vector<std::vector<std::size_t>> paged;
+  // Hidden fields take no room; the dialog lays itself out again when
+  // they show.
   for (std::size_t i = 0; i < fields.size(); ++i) {
     const Field& field = fields[i];
     if (field.kind == FieldKind::kPreview) {
-      previews.push_back(i);
+      if (field.visible) previews.push_back(i);
     } else if (field.page.empty()) {
-      plain.push_back(i);
+      if (field.visible) plain.push_back(i);
     } else {
       const auto page = std::find(layout.pages.begin(), layout.pages.end(), field.page);
       const auto index = static_cast<std::size_t>(page - layout.pages.begin());
@@ -269,7 +281,7 @@ DialogLayout LayOutDialog(const std::vector<Field>& fields, bool with_help,
         layout.pages.push_back(field.page);
         paged.emplace_back();
       }
-      paged[index].push_back(i);
+      if (field.visible) paged[index].push_back(i);
     }
   }
 

@@ -58,6 +58,15 @@ using TextWidth = std::function<int(std::string_view text)>;
 DialogLayout LayOutDialog(const std::vector<builders::Field>& fields, bool with_help,
                           const TextWidth& text_width);
 
+// Whether the field's caption stands in the label column: the edit boxes,
+// lists and pickers, and labels whose caption ends in ":" (a caption and its
+// value, such as "Declared name:").
+bool HasSideLabel(const builders::Field& field);
+
+// What a label or note shows in its own control: its value, or its caption
+// when it has no label column and no value.
+const std::string& LabelText(const builders::Field& field);
+
 // A caption as shown: without the "&" that marks its access key.
 std::string WithoutAccessMark(std::string_view caption);
 

@@ -54,10 +54,6 @@ std::string WithCrLf(const std::string& text) {
   return lines;
 }
 
-const std::string& Shown(const Field& field) {
-  return field.text.empty() ? field.caption : field.text;
-}
-
 struct Control {
   WORD window_class;
   DWORD style;
@@ -68,6 +64,8 @@ Control ControlOf(const Field& field) {
   switch (field.kind) {
     case FieldKind::kLabel:
       return {kStaticClass, static_cast<DWORD>(SS_LEFT | (field.text.empty() ? 0 : SS_NOPREFIX))};
+    // No tab stop: the prose is read, not selected; it opens at its top.
+    case FieldKind::kNote: return {kEditClass, ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL};
     case FieldKind::kNumber:
       return {kEditClass, ES_AUTOHSCROLL | ES_NUMBER | WS_BORDER | kFocusable};
     case FieldKind::kCheck: return {kButtonClass, BS_AUTOCHECKBOX | kFocusable};
@@ -84,6 +82,11 @@ Control ControlOf(const Field& field) {
     default:  // text, file, folder
       return {kEditClass, ES_AUTOHSCROLL | WS_BORDER | kFocusable};
   }
+}
+
+// A combo box's height includes its drop-down list.
+int DropDown(const Field& field) {
+  return field.kind == FieldKind::kChoice || field.kind == FieldKind::kCombo ? 100 : 0;
 }
 
 // Dialog units fit in the template's 16-bit fields.
@@ -127,10 +130,12 @@ void SteerListFrom(HWND edit, HWND list) {
 }  // namespace
 
 DialogWindow::DialogWindow(builders::DialogModel& model, WindowsDialogHost& host,
-                           DialogLayout layout)
+                           LayoutPass lay_out)
     : model_(model),
       host_(host),
-      layout_(std::move(layout)),
+      lay_out_(std::move(lay_out)),
+      layout_(lay_out_(model.Fields())),
+      laid_out_(LayoutKey()),
       title_(Utf8ToWide(model.Title())),
       shown_items_(model.Fields().size()) {}
 
@@ -151,20 +156,21 @@ std::vector<DWORD> DialogWindow::Template() const {
       dialog.AddControl(WC_TABCONTROLW, L"", WS_VISIBLE | WS_TABSTOP | WS_GROUP | WS_CLIPSIBLINGS,
                         Unit(tabs.x), Unit(tabs.y), Unit(tabs.width), Unit(tabs.height), kTabsId);
     }
-    for (const GroupPlace& group : layout_.groups)
-      if (group.first_field == i)
-        add(kButtonClass, group.caption, BS_GROUPBOX | WS_CLIPSIBLINGS, group.box,
-            FieldId(i, kGroupBox));
-    if (!place.label.empty())
+    // Every field of a group may open its box: the first one shown does.
+    if (!field.group.empty())
+      add(kButtonClass, field.group, BS_GROUPBOX | WS_CLIPSIBLINGS, GroupBoxOf(i),
+          FieldId(i, kGroupBox));
+    // Captions come and go with the model, so every field that may have one
+    // gets its label window.
+    if (!place.label.empty() || HasSideLabel(field))
       add(kStaticClass, field.caption, SS_LEFT, place.label, FieldId(i, kLabel));
     const Control control = ControlOf(field);
     const std::string text = field.kind == FieldKind::kCheck || field.kind == FieldKind::kButton
                                  ? field.caption
-                             : field.kind == FieldKind::kLabel ? Shown(field)
+                             : field.kind == FieldKind::kLabel ? LabelText(field)
                                                                : "";
-    // A combo box's height in a template includes its drop-down list.
-    const int drop_down = control.window_class == kComboBoxClass ? 100 : 0;
-    add(control.window_class, text, control.style, place.control, FieldId(i, kControl), drop_down);
+    add(control.window_class, text, control.style, place.control, FieldId(i, kControl),
+        DropDown(field));
     if (!place.browse.empty())
       add(kButtonClass, "...", BS_PUSHBUTTON | WS_TABSTOP, place.browse, FieldId(i, kBrowseButton));
   }
@@ -235,10 +241,14 @@ void DialogWindow::Initialize() {
   ::wcscpy(fixed.lfFaceName, L"Courier New");
   fixed_font_.reset(::CreateFontIndirectW(&fixed));
   const std::vector<Field>& fields = Fields();
-  for (std::size_t i = 0; i < fields.size(); ++i)
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    const HWND control = ::GetDlgItem(dialog_, FieldId(i, kControl));
     if (fields[i].kind == FieldKind::kPreview)
-      ::SendMessageW(::GetDlgItem(dialog_, FieldId(i, kControl)), WM_SETFONT,
-                     reinterpret_cast<WPARAM>(fixed_font_.get()), FALSE);
+      ::SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(fixed_font_.get()), FALSE);
+    // A note's text lines up with the labels around it.
+    if (fields[i].kind == FieldKind::kNote)
+      ::SendMessageW(control, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
+  }
   if (const HWND tabs = ::GetDlgItem(dialog_, kTabsId)) {
     for (std::size_t p = 0; p < layout_.pages.size(); ++p) {
       std::wstring caption = Utf8ToWide(layout_.pages[p]);
@@ -465,10 +475,63 @@ void DialogWindow::RefreshItems(std::size_t index, HWND control) {
   if (field.kind == FieldKind::kCombo && selected < 0) SetText(control, field.text);
 }
 
+// What the layout depends on beyond the fields' kinds: which fields show,
+// the captions in the label column and the texts of the labels that wrap.
+std::string DialogWindow::LayoutKey() {
+  std::string key;
+  for (const Field& field : Fields()) {
+    key += field.visible ? '+' : '-';
+    if (HasSideLabel(field)) key += field.caption + '\n';
+    if (field.kind == FieldKind::kLabel && !HasSideLabel(field)) key += LabelText(field) + '\n';
+  }
+  return key;
+}
+
+Box DialogWindow::GroupBoxOf(std::size_t index) const {
+  for (const GroupPlace& group : layout_.groups)
+    if (group.first_field == index) return group.box;
+  return {};
+}
+
+// Lays the fields out again, as a field shows or hides or a caption
+// changes, and moves every window to its new place.
+void DialogWindow::LayOut() {
+  laid_out_ = LayoutKey();
+  layout_ = lay_out_(Fields());
+  const auto move = [&](int id, const Box& box, int extra_height = 0) {
+    const HWND window = ::GetDlgItem(dialog_, id);
+    if (!window) return;
+    RECT rect{box.x, box.y, box.x + box.width, box.y + box.height + extra_height};
+    ::MapDialogRect(dialog_, &rect);
+    ::SetWindowPos(window, nullptr, rect.left, rect.top, rect.right - rect.left,
+                   rect.bottom - rect.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  };
+  const std::vector<Field>& fields = Fields();
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    const FieldPlace& place = layout_.fields[i];
+    move(FieldId(i, kControl), place.control, DropDown(fields[i]));
+    move(FieldId(i, kLabel), place.label);
+    move(FieldId(i, kBrowseButton), place.browse);
+    move(FieldId(i, kGroupBox), GroupBoxOf(i));
+  }
+  move(kTabsId, layout_.tabs);
+  move(IDOK, layout_.ok);
+  move(IDCANCEL, layout_.cancel);
+  move(IDHELP, layout_.help);
+  RECT size{0, 0, layout_.width, layout_.height};
+  ::MapDialogRect(dialog_, &size);
+  ::AdjustWindowRectEx(&size, static_cast<DWORD>(::GetWindowLongPtrW(dialog_, GWL_STYLE)), FALSE,
+                       static_cast<DWORD>(::GetWindowLongPtrW(dialog_, GWL_EXSTYLE)));
+  ::SetWindowPos(dialog_, nullptr, 0, 0, size.right - size.left, size.bottom - size.top,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  ::InvalidateRect(dialog_, nullptr, TRUE);
+}
+
 // Shows every field as the model has it. Runs after each change; the
 // notifications the updates raise are not taken for the user's.
 void DialogWindow::Refresh() {
   refreshing_ = true;
+  if (LayoutKey() != laid_out_) LayOut();
   const std::vector<Field>& fields = Fields();
   const std::string current_page =
       layout_.pages.empty() ? "" : layout_.pages[static_cast<std::size_t>(page_)];
@@ -476,7 +539,8 @@ void DialogWindow::Refresh() {
     const Field& field = fields[i];
     const HWND control = ::GetDlgItem(dialog_, FieldId(i, kControl));
     switch (field.kind) {
-      case FieldKind::kLabel: SetText(control, Shown(field)); break;
+      case FieldKind::kLabel: SetText(control, LabelText(field)); break;
+      case FieldKind::kNote: SetText(control, WithCrLf(field.text)); break;
       case FieldKind::kCheck:
         SetText(control, field.caption);
         ::SendMessageW(control, BM_SETCHECK, field.checked ? BST_CHECKED : BST_UNCHECKED, 0);
@@ -488,13 +552,15 @@ void DialogWindow::Refresh() {
       case FieldKind::kPreview: SetText(control, WithCrLf(field.text)); break;
       default: SetText(control, field.text); break;
     }
+    if (HasSideLabel(field)) SetText(::GetDlgItem(dialog_, FieldId(i, kLabel)), field.caption);
     const bool shown = field.visible && (field.page.empty() || field.page == current_page);
     for (Part part : {kControl, kLabel, kBrowseButton, kGroupBox}) {
       const HWND window = ::GetDlgItem(dialog_, FieldId(i, part));
       if (!window) continue;
       // A group box shows with its first field's page.
-      const bool show =
-          part == kGroupBox ? field.page.empty() || field.page == current_page : shown;
+      const bool show = part == kGroupBox ? !GroupBoxOf(i).empty() &&
+                                                (field.page.empty() || field.page == current_page)
+                                          : shown;
       ::ShowWindow(window, show ? SW_SHOWNA : SW_HIDE);
       if (part != kGroupBox) ::EnableWindow(window, field.enabled);
     }

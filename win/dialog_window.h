@@ -3,6 +3,7 @@
 // (Changed, Pressed, Accept) and shows the model's state after each step.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -23,7 +24,10 @@ using UniqueFont = UniqueHandle<FontTraits>;
 
 class DialogWindow {
  public:
-  DialogWindow(builders::DialogModel& model, WindowsDialogHost& host, DialogLayout layout);
+  // The layout pass runs at the start and again whenever a field shows or
+  // hides or a caption of the label column changes.
+  using LayoutPass = std::function<DialogLayout(const std::vector<builders::Field>&)>;
+  DialogWindow(builders::DialogModel& model, WindowsDialogHost& host, LayoutPass lay_out);
 
   // Shows the dialog owned by `owner` until it closes; true on an accepted
   // OK.
@@ -42,13 +46,18 @@ class DialogWindow {
   void ShowPage(int page);
   void Refresh();
   void RefreshItems(std::size_t index, HWND control);
+  std::string LayoutKey();
+  void LayOut();
+  Box GroupBoxOf(std::size_t index) const;
   void PlaceWindow();
   std::vector<DWORD> Template() const;
   std::vector<builders::Field>& Fields() { return model_.Fields(); }
 
   builders::DialogModel& model_;
   WindowsDialogHost& host_;
+  LayoutPass lay_out_;
   DialogLayout layout_;
+  std::string laid_out_;  // the LayoutKey of layout_
   std::wstring title_;
   HWND dialog_ = nullptr;
   UniqueFont fixed_font_;

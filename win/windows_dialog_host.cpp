@@ -76,12 +76,15 @@ bool WindowsDialogHost::Show(builders::DialogModel& model) {
     (void)common_controls;
     Recall(model);
     const DialogTextWidth measure;
-    DialogLayout layout = LayOutDialog(model.Fields(), !model.HelpTopic().empty(),
-                                       [&measure](std::string_view text) { return measure(text); });
+    const bool with_help = !model.HelpTopic().empty();
+    const auto lay_out = [&measure, with_help](const std::vector<Field>& fields) {
+      return LayOutDialog(fields, with_help,
+                          [&measure](std::string_view text) { return measure(text); });
+    };
     HWND owner = open_.empty() ? owner_ : open_.back();
     if (!owner) owner = ::GetActiveWindow();
     const std::size_t open_before = open_.size();
-    DialogWindow window(model, *this, std::move(layout));
+    DialogWindow window(model, *this, lay_out);
     const bool accepted = window.Run(owner);
     open_.resize(std::min(open_.size(), open_before));
     return accepted;

@@ -49,13 +49,12 @@ TEST_F(MoreBuilderDialogsTest, InsertLineOfCodeCallsThePickedProcedure) {
         return true;
       },
       [&] {
-        // The first argument's box follows the picked declaration. (Its
-        // caption, set by the pick, does not show: the label was never
-        // created for the empty caption the dialog opened with.)
-        HWND value = ChildWithText(dialog, L"Function Twice(value As Long) As Long");
-        if (!value) return false;
-        while (value && !IsEdit(value)) value = ::GetWindow(value, GW_HWNDNEXT);
-        if (!value) return false;
+        // The pick shows the argument's box, labelled with its caption,
+        // though the dialog opened without either.
+        const HWND label = ChildWithText(dialog, L"&1 value As Long:");
+        if (!label || !::IsWindowVisible(label)) return false;
+        const HWND value = ::GetWindow(label, GW_HWNDNEXT);
+        if (!IsEdit(value) || !::IsWindowVisible(value)) return false;
         TypeInto(value, L"21");
         Screenshot(dialog, L"code-line-filled");
         ClickButton(ChildWithText(dialog, L"OK"));
