@@ -17,10 +17,24 @@ file(COPY_FILE ${DLL64} ${STAGE}/Tavrin64.dll)
 file(COPY_FILE ${TOOL} ${STAGE}/tavrin.exe)
 file(COPY_FILE ${SOURCE_DIR}/installer/tavrin.wxs ${STAGE}/tavrin.wxs)
 file(COPY_FILE ${SOURCE_DIR}/installer/icons.txt ${STAGE}/help/icons.txt)
-file(COPY_FILE ${SOURCE_DIR}/README.md ${STAGE}/help/README.md)
-foreach(page IN ITEMS settings procedures transformations)
-  file(COPY_FILE ${SOURCE_DIR}/docs/${page}.md ${STAGE}/help/${page}.md)
+# The help book, with the line ends the add-in gives the copy it writes
+# when a page is missing, so that it finds the installed pages unchanged and
+# an uninstall leaves no page behind.
+file(GLOB pages RELATIVE ${SOURCE_DIR}/docs/help ${SOURCE_DIR}/docs/help/*.html
+     ${SOURCE_DIR}/docs/help/*.css)
+set(page_elements "")
+foreach(page IN LISTS pages)
+  file(READ ${SOURCE_DIR}/docs/help/${page} text)
+  string(REPLACE "\n" "\r\n" text "${text}")
+  file(WRITE ${STAGE}/help/${page} "${text}")
+  string(MAKE_C_IDENTIFIER "Help_${page}" id)
+  string(APPEND page_elements
+         "        <File Id=\"${id}\" Name=\"${page}\" Source=\"help/${page}\" />\n")
 endforeach()
+file(READ ${STAGE}/tavrin.wxs wxs)
+string(REPLACE "        <!-- HELP BOOK: cmake/BuildMsi.cmake lists the pages of docs/help here. -->\n"
+               "${page_elements}" wxs "${wxs}")
+file(WRITE ${STAGE}/tavrin.wxs "${wxs}")
 
 execute_process(
   COMMAND ${WIXL} --arch x64 -o ${OUTPUT} -D Version=${VERSION}

@@ -151,7 +151,7 @@ TEST(Installed, EveryKeyAndFile) {
                                                     win::kConnectClsidText,
                             KEY_QUERY_VALUE))
       << "a per-user installation writes nothing for the machine";
-  for (const wchar_t* file : {L"Tavrin.dll", L"Tavrin64.dll", L"tavrin.exe", L"help\\README.md"}) {
+  for (const wchar_t* file : {L"Tavrin.dll", L"Tavrin64.dll", L"tavrin.exe", L"help\\index.html"}) {
     EXPECT_TRUE(FileExists(InstallFolder() + file)) << win::WideToUtf8(file);
   }
   EXPECT_EQ(InstalledVersion(), L"" TAVRIN_VERSION);
