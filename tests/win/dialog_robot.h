@@ -74,22 +74,23 @@ inline std::wstring TextOf(HWND window) {
   return text;
 }
 
+struct DialogSearch {
+  const std::wstring* title;
+  HWND found;
+};
+
+inline BOOL CALLBACK MatchDialog(HWND window, LPARAM data) {
+  auto* search = reinterpret_cast<DialogSearch*>(data);
+  if (::IsWindowVisible(window) && ::IsWindowEnabled(window) && TextOf(window) == *search->title)
+    search->found = window;
+  return search->found == nullptr;
+}
+
 // The visible top-level window of this thread with that title; null while
 // there is none.
 inline HWND FindDialog(const std::wstring& title) {
-  struct Search {
-    const std::wstring* title;
-    HWND found;
-  } search{&title, nullptr};
-  ::EnumThreadWindows(
-      ::GetCurrentThreadId(),
-      [](HWND window, LPARAM data) -> BOOL {
-        auto* s = reinterpret_cast<Search*>(data);
-        if (::IsWindowVisible(window) && ::IsWindowEnabled(window) && TextOf(window) == *s->title)
-          s->found = window;
-        return s->found == nullptr;
-      },
-      reinterpret_cast<LPARAM>(&search));
+  DialogSearch search{&title, nullptr};
+  ::EnumThreadWindows(::GetCurrentThreadId(), &MatchDialog, reinterpret_cast<LPARAM>(&search));
   return search.found;
 }
 
