@@ -141,8 +141,9 @@ std::optional<Refusal> BlockDialog::Accept() {
   for (const std::string& member : SplitMembers(F("members").text)) {
     auto [member_name, rest] = NameAndRest(member, kind_);
     if (auto problem = MemberProblem(member_name, rest, kind_)) return problem;
-    if (std::any_of(names.begin(), names.end(),
-                    [&](const std::string& n) { return EqualsIgnoreCase(n, member_name); }))
+    if (std::any_of(names.begin(), names.end(), [&name = member_name](const std::string& n) {
+          return EqualsIgnoreCase(n, name);
+        }))
       return Refusal{"The member '" + member_name + "' is listed twice.", "members"};
     // Enum members are names of the module or the project; type members
     // live inside their type.
