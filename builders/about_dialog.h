@@ -14,6 +14,7 @@ class AboutDialog : public DialogModel {
  public:
   AboutDialog();
   std::string Title() const override { return std::string(kAboutDialogTitle); }
+  bool HasCancel() const override { return false; }
   std::vector<Field>& Fields() override { return fields_; }
   std::optional<Refusal> Accept() override { return std::nullopt; }
 

@@ -55,6 +55,8 @@ class DialogModel {
   virtual ~DialogModel() = default;
   virtual std::string Title() const = 0;
   virtual std::string HelpTopic() const { return ""; }
+  // False for a window that only informs: it shows OK alone.
+  virtual bool HasCancel() const { return true; }
   // The fields in Tab order. Hosts write what the user changes straight into
   // them, then call Changed with the field's id.
   virtual std::vector<Field>& Fields() = 0;

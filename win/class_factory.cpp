@@ -9,8 +9,10 @@
 namespace tavrin::win {
 namespace {
 
-class ConnectFactory final : public IClassFactory, public RefCounted {
+class ClassFactory final : public IClassFactory, public RefCounted {
  public:
+  explicit ClassFactory(InstanceCreator create) : create_(std::move(create)) {}
+
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) noexcept override {
     if (!object) return E_POINTER;
     if (iid == IID_IUnknown || iid == IID_IClassFactory) {
@@ -29,9 +31,11 @@ class ConnectFactory final : public IClassFactory, public RefCounted {
     if (!object) return E_POINTER;
     *object = nullptr;
     if (outer) return CLASS_E_NOAGGREGATION;
-    const auto connect = MakeComObject<Connect, IDTExtensibility2>();
-    if (!connect) return E_OUTOFMEMORY;
-    return connect->QueryInterface(iid, object);
+    try {
+      return create_(iid, object);
+    } catch (...) {
+      return E_OUTOFMEMORY;
+    }
   }
   HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) noexcept override {
     if (lock) {
@@ -43,24 +47,35 @@ class ConnectFactory final : public IClassFactory, public RefCounted {
   }
 
  private:
-  ~ConnectFactory() override = default;
+  ~ClassFactory() override = default;
+  InstanceCreator create_;
 };
 
-static_assert(kImplements<kQueryInterface, &ConnectFactory::QueryInterface>);
-static_assert(kImplements<&IUnknown::AddRef, &ConnectFactory::AddRef>);
-static_assert(kImplements<&IUnknown::Release, &ConnectFactory::Release>);
-static_assert(kImplements<&IClassFactory::CreateInstance, &ConnectFactory::CreateInstance>);
-static_assert(kImplements<&IClassFactory::LockServer, &ConnectFactory::LockServer>);
+static_assert(kImplements<kQueryInterface, &ClassFactory::QueryInterface>);
+static_assert(kImplements<&IUnknown::AddRef, &ClassFactory::AddRef>);
+static_assert(kImplements<&IUnknown::Release, &ClassFactory::Release>);
+static_assert(kImplements<&IClassFactory::CreateInstance, &ClassFactory::CreateInstance>);
+static_assert(kImplements<&IClassFactory::LockServer, &ClassFactory::LockServer>);
+
+HRESULT CreateConnect(REFIID iid, void** object) {
+  const auto connect = MakeComObject<Connect, IDTExtensibility2>();
+  if (!connect) return E_OUTOFMEMORY;
+  return connect->QueryInterface(iid, object);
+}
 
 }  // namespace
 
-HRESULT GetConnectClassObject(REFCLSID clsid, REFIID iid, void** object) noexcept {
+HRESULT MakeClassFactory(InstanceCreator create, REFIID iid, void** object) noexcept {
   if (!object) return E_POINTER;
   *object = nullptr;
-  if (clsid != kConnectClsid) return GetToolWindowClassObject(clsid, iid, object);
-  const auto factory = MakeComObject<ConnectFactory, IClassFactory>();
+  const auto factory = MakeComObject<ClassFactory, IClassFactory>(std::move(create));
   if (!factory) return E_OUTOFMEMORY;
   return factory->QueryInterface(iid, object);
+}
+
+HRESULT GetConnectClassObject(REFCLSID clsid, REFIID iid, void** object) noexcept {
+  if (clsid == kConnectClsid) return MakeClassFactory(&CreateConnect, iid, object);
+  return GetToolWindowClassObject(clsid, iid, object);
 }
 
 }  // namespace tavrin::win

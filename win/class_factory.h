@@ -6,7 +6,16 @@
 
 #include <unknwn.h>
 
+#include <functional>
+
 namespace tavrin::win {
+
+// Makes one instance for IClassFactory::CreateInstance, aggregation already
+// refused.
+using InstanceCreator = std::function<HRESULT(REFIID iid, void** object)>;
+
+// A class object whose CreateInstance calls create.
+HRESULT MakeClassFactory(InstanceCreator create, REFIID iid, void** object) noexcept;
 
 // CLASS_E_CLASSNOTAVAILABLE for a class of another server.
 HRESULT GetConnectClassObject(REFCLSID clsid, REFIID iid, void** object) noexcept;

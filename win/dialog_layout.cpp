@@ -258,7 +258,7 @@ std::string WithoutAccessMark(std::string_view caption) {
   return shown;
 }
 
-DialogLayout LayOutDialog(const std::vector<Field>& fields, bool with_help,
+DialogLayout LayOutDialog(const std::vector<Field>& fields, DialogButtons buttons,
                           const TextWidth& text_width) {
   DialogLayout layout;
   layout.fields.resize(fields.size());
@@ -325,8 +325,8 @@ DialogLayout LayOutDialog(const std::vector<Field>& fields, bool with_help,
     box = {x, buttons_y, kButtonWidth, kButtonHeight};
     x -= kLabelGap;
   };
-  if (with_help) button(layout.help);
-  button(layout.cancel);
+  if (buttons.help) button(layout.help);
+  if (buttons.cancel) button(layout.cancel);
   button(layout.ok);
   layout.width = content_right + kMargin;
   layout.height = buttons_y + kButtonHeight + kMargin;

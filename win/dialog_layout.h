@@ -48,14 +48,19 @@ struct DialogLayout {
   std::vector<std::string> pages;  // the tab pages in order; empty: no tabs
   std::size_t first_paged_field = 0;
   Box tabs;
-  Box ok, cancel, help;  // help empty: no Help button
+  Box ok, cancel, help;  // cancel or help empty: no such button
   int width = 0, height = 0;
 };
 
 // The width of a text in the dialog font, in dialog units.
 using TextWidth = std::function<int(std::string_view text)>;
 
-DialogLayout LayOutDialog(const std::vector<builders::Field>& fields, bool with_help,
+struct DialogButtons {
+  bool cancel = true;
+  bool help = false;
+};
+
+DialogLayout LayOutDialog(const std::vector<builders::Field>& fields, DialogButtons buttons,
                           const TextWidth& text_width);
 
 // Whether the field's caption stands in the label column: the edit boxes,

@@ -175,7 +175,8 @@ std::vector<DWORD> DialogWindow::Template() const {
       add(kButtonClass, "...", BS_PUSHBUTTON | WS_TABSTOP, place.browse, FieldId(i, kBrowseButton));
   }
   add(kButtonClass, "OK", BS_DEFPUSHBUTTON | WS_TABSTOP | WS_GROUP, layout_.ok, IDOK);
-  add(kButtonClass, "Cancel", BS_PUSHBUTTON | WS_TABSTOP, layout_.cancel, IDCANCEL);
+  if (!layout_.cancel.empty())
+    add(kButtonClass, "Cancel", BS_PUSHBUTTON | WS_TABSTOP, layout_.cancel, IDCANCEL);
   if (!layout_.help.empty())
     add(kButtonClass, "&Help", BS_PUSHBUTTON | WS_TABSTOP, layout_.help, IDHELP);
   return dialog.Build();

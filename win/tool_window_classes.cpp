@@ -1,5 +1,7 @@
 #include "win/tool_window_classes.h"
 
+#include "win/class_factory.h"
+#include "win/com_object.h"
 #include "win/tool_panes.h"
 
 namespace tavrin::win {
@@ -17,58 +19,12 @@ constexpr ToolWindowControlClass kClasses[] = {
      L"Tavrin Code Explorer", &MakeCodeExplorerPane},
 };
 
-class ToolWindowFactory final : public IClassFactory, public RefCounted {
- public:
-  explicit ToolWindowFactory(const ToolWindowControlClass& control_class)
-      : class_(control_class) {}
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) noexcept override {
-    if (!object) return E_POINTER;
-    if (iid == IID_IUnknown || iid == IID_IClassFactory) {
-      *object = static_cast<IClassFactory*>(this);
-      AddRef();
-      return S_OK;
-    }
-    *object = nullptr;
-    return E_NOINTERFACE;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() noexcept override { return AddReference(); }
-  ULONG STDMETHODCALLTYPE Release() noexcept override { return ReleaseReference(); }
-
-  HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid,
-                                           void** object) noexcept override {
-    if (!object) return E_POINTER;
-    *object = nullptr;
-    if (outer) return CLASS_E_NOAGGREGATION;
-    std::unique_ptr<ToolPane> pane;
-    try {
-      pane = class_.make_pane();
-    } catch (...) {
-      return E_OUTOFMEMORY;
-    }
-    const auto control = MakeComObject<ToolWindowControl, IOleObject>(class_.clsid, std::move(pane));
-    if (!control) return E_OUTOFMEMORY;
-    return control->QueryInterface(iid, object);
-  }
-  HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) noexcept override {
-    if (lock) {
-      LockModule();
-    } else {
-      UnlockModule();
-    }
-    return S_OK;
-  }
-
- private:
-  ~ToolWindowFactory() override = default;
-  const ToolWindowControlClass& class_;
-};
-
-static_assert(kImplements<kQueryInterface, &ToolWindowFactory::QueryInterface>);
-static_assert(kImplements<&IUnknown::AddRef, &ToolWindowFactory::AddRef>);
-static_assert(kImplements<&IUnknown::Release, &ToolWindowFactory::Release>);
-static_assert(kImplements<&IClassFactory::CreateInstance, &ToolWindowFactory::CreateInstance>);
-static_assert(kImplements<&IClassFactory::LockServer, &ToolWindowFactory::LockServer>);
+HRESULT CreateControl(const ToolWindowControlClass& control_class, REFIID iid, void** object) {
+  const auto control =
+      MakeComObject<ToolWindowControl, IOleObject>(control_class.clsid, control_class.make_pane());
+  if (!control) return E_OUTOFMEMORY;
+  return control->QueryInterface(iid, object);
+}
 
 }  // namespace
 
@@ -79,9 +35,11 @@ HRESULT GetToolWindowClassObject(REFCLSID clsid, REFIID iid, void** object) noex
   *object = nullptr;
   for (const ToolWindowControlClass& control_class : kClasses) {
     if (clsid != control_class.clsid) continue;
-    const auto factory = MakeComObject<ToolWindowFactory, IClassFactory>(control_class);
-    if (!factory) return E_OUTOFMEMORY;
-    return factory->QueryInterface(iid, object);
+    return MakeClassFactory(
+        [&control_class](REFIID wanted, void** made) {
+          return CreateControl(control_class, wanted, made);
+        },
+        iid, object);
   }
   return CLASS_E_CLASSNOTAVAILABLE;
 }

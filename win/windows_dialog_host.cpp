@@ -76,9 +76,9 @@ bool WindowsDialogHost::Show(builders::DialogModel& model) {
     (void)common_controls;
     Recall(model);
     const DialogTextWidth measure;
-    const bool with_help = !model.HelpTopic().empty();
-    const auto lay_out = [&measure, with_help](const std::vector<Field>& fields) {
-      return LayOutDialog(fields, with_help,
+    const DialogButtons buttons{model.HasCancel(), !model.HelpTopic().empty()};
+    const auto lay_out = [&measure, buttons](const std::vector<Field>& fields) {
+      return LayOutDialog(fields, buttons,
                           [&measure](std::string_view text) { return measure(text); });
     };
     HWND owner = open_.empty() ? owner_ : open_.back();

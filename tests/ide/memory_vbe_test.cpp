@@ -219,16 +219,6 @@ class MemorySendKeysTest : public ::testing::Test {
 
 using Lines = std::vector<std::string>;
 
-TEST_F(MemorySendKeysTest, BlankThenBackspaceLeavesTheLineAsItWas) {
-  Open("    If  Then\r\nEnd If", {1, 8, 1, 8});
-  vbe_->SendKeys(" ");
-  EXPECT_EQ(Code(), (Lines{"    If   Then", "End If"}));
-  EXPECT_EQ(Selection(), (TextRange{1, 9, 1, 9}));
-  vbe_->SendKeys("{BACKSPACE}");
-  EXPECT_EQ(Code(), (Lines{"    If  Then", "End If"}));
-  EXPECT_EQ(Selection(), (TextRange{1, 8, 1, 8}));
-}
-
 TEST_F(MemorySendKeysTest, OneSequenceEditsTheLineAndMovesTheCaret) {
   const struct {
     std::string name;
@@ -238,6 +228,8 @@ TEST_F(MemorySendKeysTest, OneSequenceEditsTheLineAndMovesTheCaret) {
     Lines expected;
     TextRange caret;
   } cases[] = {
+      {"a blank then backspace leaves the line as it was", "    If  Then\r\nEnd If",
+       {1, 8, 1, 8}, " {BACKSPACE}", {"    If  Then", "End If"}, {1, 8, 1, 8}},
       {"typing past the end of a line pads with blanks", "ab\r\ncd", {1, 6, 1, 6}, "x",
        {"ab   x", "cd"}, {1, 7, 1, 7}},
       {"typing on the line after the last appends it", "ab", {2, 1, 2, 1}, "Dim x",
@@ -248,6 +240,16 @@ TEST_F(MemorySendKeysTest, OneSequenceEditsTheLineAndMovesTheCaret) {
        "abc\r\ndef\r\nghi", {3, 2, 1, 2}, "{BS}", {"ahi"}, {1, 2, 1, 2}},
       {"backspace at column 1 joins with the line above", "ab\r\ncd", {2, 1, 2, 1}, "{BKSP}",
        {"abcd"}, {1, 3, 1, 3}},
+      {"enter splits the line keeping its indentation", "    a = 1: b = 2", {1, 15, 1, 15},
+       "{ENTER}", {"    a = 1: b =", "    2"}, {2, 5, 2, 5}},
+      {"tilde is enter too", "    a = 1: b = 2", {1, 15, 1, 15}, "{ENTER}~",
+       {"    a = 1: b =", "    ", "    2"}, {3, 5, 3, 5}},
+      {"end, right wraps, left up home, delete joins", "abc\r\nde", {1, 2, 1, 2},
+       "{END}{RIGHT}{LEFT}{UP}{HOME}{RIGHT 2}{DEL}{DELETE}", {"abde"}, {1, 3, 1, 3}},
+      {"braced characters and a tab to column 9", "", {1, 1, 1, 1}, "a{+}{^}{%}{~}{{}{}}{TAB}b",
+       {"a+^%~{} b"}, {1, 10, 1, 10}},
+      {"an accented character counts as one column", "' Caf\xC3\xA9", {1, 7, 1, 7},
+       "!{LEFT}{BACKSPACE}e", {"' Cafe!"}, {1, 7, 1, 7}},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
@@ -257,42 +259,6 @@ TEST_F(MemorySendKeysTest, OneSequenceEditsTheLineAndMovesTheCaret) {
     EXPECT_EQ(Code(), c.expected);
     EXPECT_EQ(Selection(), c.caret);
   }
-}
-
-TEST_F(MemorySendKeysTest, EnterSplitsTheLineKeepingItsIndentation) {
-  Open("    a = 1: b = 2", {1, 15, 1, 15});
-  vbe_->SendKeys("{ENTER}");
-  EXPECT_EQ(Code(), (Lines{"    a = 1: b =", "    2"}));
-  EXPECT_EQ(Selection(), (TextRange{2, 5, 2, 5}));
-  vbe_->SendKeys("~");
-  EXPECT_EQ(Code(), (Lines{"    a = 1: b =", "    ", "    2"}));
-}
-
-TEST_F(MemorySendKeysTest, MovementKeys) {
-  Open("abc\r\nde", {1, 2, 1, 2});
-  vbe_->SendKeys("{END}");
-  EXPECT_EQ(Selection(), (TextRange{1, 4, 1, 4}));
-  vbe_->SendKeys("{RIGHT}");
-  EXPECT_EQ(Selection(), (TextRange{2, 1, 2, 1}));
-  vbe_->SendKeys("{LEFT}{UP}{HOME}");
-  EXPECT_EQ(Selection(), (TextRange{1, 1, 1, 1}));
-  vbe_->SendKeys("{RIGHT 2}{DEL}");
-  EXPECT_EQ(Code(), (Lines{"ab", "de"}));
-  vbe_->SendKeys("{DELETE}");
-  EXPECT_EQ(Code(), (Lines{"abde"}));
-}
-
-TEST_F(MemorySendKeysTest, BracedCharactersAndTab) {
-  Open("", {1, 1, 1, 1});
-  vbe_->SendKeys("a{+}{^}{%}{~}{{}{}}{TAB}b");
-  EXPECT_EQ(Code(), (Lines{"a+^%~{} b"}));  // the tab reaches column 9
-}
-
-TEST_F(MemorySendKeysTest, AccentedCharactersCountAsOneColumn) {
-  Open("' Caf\xC3\xA9", {1, 7, 1, 7});
-  vbe_->SendKeys("!{LEFT}{BACKSPACE}e");
-  EXPECT_EQ(Code(), (Lines{"' Cafe!"}));
-  EXPECT_EQ(Selection(), (TextRange{1, 7, 1, 7}));
 }
 
 TEST_F(MemorySendKeysTest, UnknownKeyNameRaisesAndTypesNothing) {
