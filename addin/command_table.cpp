@@ -186,6 +186,8 @@ constexpr auto kTable = std::to_array<CommandRow>({
     InCodeWindow(Popup(0, kTavrinInsertCaption, kGroup)),
     InCodeWindow(Entry(1, 106, kPicture, "mnuhTVRCodeLines_Click", RunCodeLineBuilder)),
     InCodeWindow(Entry(1, 181, kPicture, "mnuhTVRAddFragment_Click", RunInsertFragment)),
+    // The fragment editor by itself, over the selection or the procedure.
+    InCodeWindow(Entry(1, 2014, kPlain, "mnuhTVRSaveFragment_Click", RunSaveFragment)),
     InCodeWindow(Entry(1, 182, kPicture, "mnuhTVRInsertVariable_Click")),
     InCodeWindow(Entry(1, 101, kPicture, "mnuhTVRAddProcedure_Click", RunAddProcedure)),
 });

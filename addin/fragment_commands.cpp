@@ -108,17 +108,21 @@ bool InsertFragment(Context& context, const fragments::FragmentEntry& fragment,
   if (first > 0 && text.find(kCursorMarker) != std::string::npos)
     PlaceCursorMarker(context, first, false);
 
-  const std::vector<std::string> references =
-      fragments::FragmentReferences(*profiles, *context.files, folder, fragment);
-  if (!references.empty()) {
-    std::string list;
-    for (const std::string& reference : references) list += "\r\n    " + reference;
-    Tell(context,
-         "The fragment '" + fragment.name + "' uses these references:" + list +
-             "\r\n\r\nAdd the ones the project lacks with Project > References.",
-         platform::Icon::kInformation);
-  }
+  AddFragmentReferences(
+      context, fragment,
+      fragments::FragmentReferences(*profiles, *context.files, folder, fragment));
   return first > 0;
+}
+
+void AddFragmentReferences(Context& context, const fragments::FragmentEntry& fragment,
+                           const std::vector<std::string>& references) {
+  if (references.empty()) return;
+  std::string list;
+  for (const std::string& reference : references) list += "\r\n    " + reference;
+  Tell(context,
+       "The fragment '" + fragment.name + "' uses these references:" + list +
+           "\r\n\r\nAdd the ones the project lacks with Project > References.",
+       platform::Icon::kInformation);
 }
 
 bool InsertFragmentCommand(Context& context) {
@@ -126,6 +130,7 @@ bool InsertFragmentCommand(Context& context) {
     return false;
   builders::FragmentBrowser browser(context.settings->folders, TemplateEnvironmentOf(context),
                                     *context.files, context.ui);
+  browser.selection = FragmentSourceText(context);
   if (!context.dialogs->Show(browser) || !browser.Selected()) return false;
   return InsertFragment(context, *browser.Selected());
 }

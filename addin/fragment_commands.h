@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "addin/context.h"
 #include "fragments/fragment_library.h"
@@ -22,6 +23,14 @@ class CommandHost;
 // to). False when nothing was inserted; the reason has been shown.
 bool InsertFragment(Context& context, const fragments::FragmentEntry& fragment,
                     const fragments::VariableValues& given = {});
+
+// The one place that gives the project the references a fragment needs
+// ("tvrrefra.ini"). The IDE model has no references collection yet, so the
+// references are named to the user in one message; when it has one, the
+// missing ones are added here (AddFromGuid / AddFromFile) and the message
+// names only those that could not be added.
+void AddFragmentReferences(Context& context, const fragments::FragmentEntry& fragment,
+                           const std::vector<std::string>& references);
 
 // "Insert Fragme&nt...": the browser, then InsertFragment.
 bool InsertFragmentCommand(Context& context);

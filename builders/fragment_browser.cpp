@@ -53,7 +53,8 @@ FragmentBrowser::FragmentBrowser(fragments::CodeFolders folders,
   list.remember = true;
   fields_.push_back(list);
   for (auto [id, caption] : {std::pair{"rename", "Re&name..."}, std::pair{"move", "&Move..."},
-                             std::pair{"delete", "&Delete"}})
+                             std::pair{"delete", "&Delete"},
+                             std::pair{"save", "&Save Selection as Fragment..."}})
     fields_.push_back(MakeField(id, FieldKind::kButton, caption));
   Field preview = MakeField(std::string(kFragmentPreview), FieldKind::kPreview, "Pre&view:");
   preview.rows = 18;
@@ -83,6 +84,15 @@ void FragmentBrowser::Tell(std::string_view text) {
 }
 
 void FragmentBrowser::Pressed(std::string_view id, DialogHost& host) {
+  if (id == "save") {
+    if (selection.empty()) {
+      Tell("Select the lines to save, or put the caret in a procedure.");
+      return;
+    }
+    FragmentEditor editor(folders_, files_, selection);
+    if (host.Show(editor)) ReadTree(editor.SavedPath());
+    return;
+  }
   const fragments::FragmentEntry* picked = Selected();
   if (!picked) {
     if (id == "rename" || id == "move" || id == "delete") Tell("Pick a fragment file first.");

@@ -29,7 +29,9 @@ std::string ExpandFragment(const codegen::TemplateEnvironment& environment, std:
                            std::string_view include_name = "");
 
 // Besides picking, the browser renames, moves and deletes the picked file
-// (its buttons "rename", "move", "delete"), reading the tree again after.
+// (its buttons "rename", "move", "delete") and saves the code of the pane
+// as a new fragment through the fragment editor ("save"), reading the tree
+// again after each.
 class FragmentBrowser : public DialogModel {
  public:
   FragmentBrowser(fragments::CodeFolders folders, codegen::TemplateEnvironment environment,
@@ -46,6 +48,11 @@ class FragmentBrowser : public DialogModel {
   const fragments::FragmentEntry* Selected() const;
   // Its expanded text (see ExpandFragment); empty before a pick.
   const std::string& Text() const { return text_; }
+
+  // The code "save" offers to the fragment editor (the selection of the
+  // code pane, or the procedure at the caret); empty: the button says what
+  // to select.
+  std::string selection;
 
   // How a tree entry is shown: indented by depth, folders ending in "\".
   static std::string RowText(const fragments::FragmentEntry& entry);

@@ -11,6 +11,7 @@
 #include "codegen/templates.h"
 #include "fragments/code_folders.h"
 #include "fragments/pseudo_root_path.h"
+#include "settings/ini_changes.h"
 #include "settings/ini_file.h"
 #include "settings/naming.h"
 #include "settings/setting_checks.h"
@@ -412,42 +413,32 @@ std::optional<Refusal> SettingsDialogModel::Validate() {
 }
 
 std::optional<Refusal> SettingsDialogModel::Save() {
-  bool wrote = false;
-  settings::ValueTable values;
+  // Every changed item, then every edited type-prefix row, written as one
+  // step: each file once, all or none.
+  std::vector<settings::IniChange> changes;
+  std::vector<std::pair<Item, std::string>> items;
   for (int i = 0; i < settings::kItemCount; ++i) {
     const Item item = static_cast<Item>(i);
-    const std::string text = ItemText(item);
-    auto& stored = stored_[static_cast<std::size_t>(i)];
-    if (stored && *stored == text) continue;
-    if (const Status saved =
-            settings::SaveItem(values, services_, item, settings::SettingValueOf(item, text));
-        !saved)
-      return Refusal{saved.error(), FieldId(item)};
-    stored = settings::ValueAsText(values.Value(item));
-    wrote = true;
+    const std::string text = settings::ValueAsText(settings::SettingValueOf(item, ItemText(item)));
+    const auto& stored = stored_[static_cast<std::size_t>(i)];
+    if (stored && *stored == ItemText(item)) continue;
+    changes.push_back({FileOf(item), SectionName(SectionOf(item)), FieldId(item), text});
+    items.emplace_back(item, text);
   }
-  if (std::any_of(prefix_rows_.begin(), prefix_rows_.end(),
-                  [](const PrefixRow& row) { return row.stored != row.value; })) {
-    settings::C4_IniFile file(services_.profiles, services_.files, services_.addin_folder);
-    file.SetName(prefix_file_);
-    for (PrefixRow& row : prefix_rows_) {
-      if (row.stored == row.value) continue;
-      file.SetValue("Prefix", row.key, row.value);
-      try {
-        file.Item("Prefix")->Item(row.key)->Save();
-      } catch (const settings::IniSaveError& error) {
-        return Refusal{std::string(error.what()) + "\r\n" + error.reason(),
-                       std::string(kPrefixRows)};
-      }
-      row.stored = row.value;
-      wrote = true;
-    }
-  }
-  if (wrote) {
-    applied_ = true;
-    ReadPrefixRows();
-    if (on_applied) on_applied();
-  }
+  for (const PrefixRow& row : prefix_rows_)
+    if (row.stored != row.value) changes.push_back({prefix_file_, "Prefix", row.key, row.value});
+  if (changes.empty()) return std::nullopt;
+
+  if (const auto refused = settings::SaveIniChanges(changes, services_.profiles, services_.files,
+                                                    services_.addin_folder))
+    return Refusal{refused->message, refused->change < items.size()
+                                         ? FieldId(items[refused->change].first)
+                                         : std::string(kPrefixRows)};
+  for (const auto& [item, text] : items) stored_[static_cast<std::size_t>(item)] = text;
+  for (PrefixRow& row : prefix_rows_) row.stored = row.value;
+  applied_ = true;
+  ReadPrefixRows();
+  if (on_applied) on_applied();
   return std::nullopt;
 }
 
