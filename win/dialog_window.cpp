@@ -215,6 +215,9 @@ INT_PTR DialogWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_COMMAND:
       if (!refreshing_) Command(LOWORD(wparam), HIWORD(wparam));
       return TRUE;
+    case WM_HELP:  // F1 anywhere in the dialog, as the Help button
+      Command(IDHELP, BN_CLICKED);
+      return TRUE;
     case WM_NOTIFY: {
       const auto* header = reinterpret_cast<const NMHDR*>(lparam);
       if (header->idFrom == kTabsId && header->code == TCN_SELCHANGE)
