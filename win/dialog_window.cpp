@@ -260,6 +260,9 @@ void DialogWindow::Initialize() {
       item.pszText = caption.data();
       ::SendMessageW(tabs, TCM_INSERTITEMW, p, reinterpret_cast<LPARAM>(&item));
     }
+    // Below every page's controls in Z order: a group box, which clips its
+    // siblings above it, would otherwise not draw at all over the tabs.
+    ::SetWindowPos(tabs, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   }
   for (std::size_t i = 0; i + 1 < fields.size(); ++i)
     if (fields[i].kind == FieldKind::kText && fields[i + 1].kind == FieldKind::kList)
