@@ -330,25 +330,27 @@ DialogLayout LayOutDialog(const std::vector<Field>& fields, bool with_help,
   int bottom = layouter.Column(plain, left, right, kMargin);
   if (!paged.empty()) {
     const int top = plain.empty() ? kMargin : bottom + kRowGap * 2;
-    int page_bottom = top + kTabTop;
-    for (const auto& page : paged)
-      page_bottom = std::max(
-          page_bottom, layouter.Column(page, left + kTabInset, right - kTabInset, top + kTabTop));
-    // A page's previews stand on its right, inside the tabs.
+    // A page's previews stand on its right, inside the tabs; every tab
+    // shows in one row, so the tabs are as wide as their captions too.
     int tabs_right = right;
     const bool page_preview = std::any_of(page_previews.begin(), page_previews.end(),
                                           [](const auto& column) { return !column.empty(); });
-    if (page_preview) {
-      const int x = right - kTabInset + kColumnGap;
-      for (const auto& column : page_previews)
-        if (!column.empty())
-          page_bottom = std::max(page_bottom, place_previews(column, x, top + kTabTop, page_bottom));
-      tabs_right = x + kPreviewWidth + kTabInset;
-    }
-    // Every tab shows in one row: the tabs are as wide as their captions.
+    const int preview_x = right - kTabInset + kColumnGap;
+    if (page_preview) tabs_right = preview_x + kPreviewWidth + kTabInset;
     int captions = 4;
     for (const std::string& page : layout.pages) captions += text_width(page) + 10;
     tabs_right = std::max(tabs_right, left + captions);
+    // A page without a preview gives its fields the whole width.
+    int page_bottom = top + kTabTop;
+    for (std::size_t p = 0; p < paged.size(); ++p) {
+      const int page_right = page_previews[p].empty() ? tabs_right : right;
+      page_bottom = std::max(page_bottom, layouter.Column(paged[p], left + kTabInset,
+                                                          page_right - kTabInset, top + kTabTop));
+    }
+    for (const auto& column : page_previews)
+      if (!column.empty())
+        page_bottom = std::max(page_bottom,
+                               place_previews(column, preview_x, top + kTabTop, page_bottom));
     layout.tabs = {left, top, tabs_right - left, page_bottom + kTabInset - top};
     bottom = layout.tabs.y + layout.tabs.height;
     right = tabs_right;
