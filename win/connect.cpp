@@ -133,8 +133,9 @@ Connect::Connection::Connection(HWND main_window, const std::string& addin_folde
     : ui(main_window),
       settings_dialog(ui, shell, addin_folder),
       dialogs(main_window, &settings_store,
-              [this](const std::string& topic) {
-                if (Status status = shell.OpenDocument(topic); !status)
+              // A dialog's page of the help book beside the add-in.
+              [this, help = addin_folder + "help\\"](const std::string& topic) {
+                if (Status status = shell.OpenDocument(help + topic); !status)
                   ui.MessageBox(status.error(), platform::Buttons::kOk,
                                 platform::Icon::kExclamation, platform::kAppTitle);
               }),

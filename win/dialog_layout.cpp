@@ -1,6 +1,7 @@
 #include "win/dialog_layout.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace tavrin::win {
 namespace {
@@ -50,6 +51,17 @@ class Layouter {
         column_width_ =
             std::max(column_width_, std::min(Text(LabelText(field)) + Inset(field), 300));
       if (field.kind == FieldKind::kNote) column_width_ = std::max(column_width_, kPreviewWidth);
+    }
+    // A list keeps a control's width beside the buttons that act on it.
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
+      if (fields_[i].kind != FieldKind::kList || !fields_[i].visible) continue;
+      int buttons = 0;
+      for (std::size_t k = i + 1; k < fields_.size() && fields_[k].kind == FieldKind::kButton; ++k)
+        buttons = std::max(buttons, ButtonWidth(fields_[k]));
+      if (buttons)
+        column_width_ = std::max(column_width_, (label_width_ ? label_width_ + kLabelGap : 0) +
+                                                    kControlWidth + kLabelGap + buttons +
+                                                    Inset(fields_[i]));
     }
     // Four check boxes or more in a row take two columns at least.
     for (std::size_t i = 0; i < fields_.size();) {
@@ -263,16 +275,18 @@ DialogLayout LayOutDialog(const std::vector<Field>& fields, DialogButtons button
   DialogLayout layout;
   layout.fields.resize(fields.size());
   Layouter layouter(fields, text_width, layout);
-  std::vector<std::size_t> plain, previews;
-  std::vector<std::vector<std::size_t>> paged;
+  std::vector<std::size_t> plain, previews, closing;
+  std::vector<std::vector<std::size_t>> paged, page_previews;
   // Hidden fields take no room; the dialog lays itself out again when
   // they show.
   for (std::size_t i = 0; i < fields.size(); ++i) {
     const Field& field = fields[i];
-    if (field.kind == FieldKind::kPreview) {
-      if (field.visible) previews.push_back(i);
-    } else if (field.page.empty()) {
-      if (field.visible) plain.push_back(i);
+    if (field.page.empty()) {
+      if (!field.visible) continue;
+      if (field.kind == FieldKind::kPreview)
+        previews.push_back(i);
+      else
+        plain.push_back(i);
     } else {
       const auto page = std::find(layout.pages.begin(), layout.pages.end(), field.page);
       const auto index = static_cast<std::size_t>(page - layout.pages.begin());
@@ -280,29 +294,23 @@ DialogLayout LayOutDialog(const std::vector<Field>& fields, DialogButtons button
         if (layout.pages.empty()) layout.first_paged_field = i;
         layout.pages.push_back(field.page);
         paged.emplace_back();
+        page_previews.emplace_back();
       }
-      if (field.visible) paged[index].push_back(i);
+      if (field.visible)
+        (field.kind == FieldKind::kPreview ? page_previews : paged)[index].push_back(i);
     }
   }
-
-  const int left = kMargin;
-  const int right = kMargin + layouter.ColumnWidth();
-  int bottom = layouter.Column(plain, left, right, kMargin);
+  // In a dialog with pages, a button of no page (Apply) closes the dialog's
+  // rows beside OK and Cancel rather than standing above the tabs.
   if (!paged.empty()) {
-    const int top = plain.empty() ? kMargin : bottom + kRowGap * 2;
-    int page_bottom = top + kTabTop;
-    for (const auto& page : paged)
-      page_bottom = std::max(
-          page_bottom, layouter.Column(page, left + kTabInset, right - kTabInset, top + kTabTop));
-    layout.tabs = {left, top, right - left, page_bottom + kTabInset - top};
-    bottom = layout.tabs.y + layout.tabs.height;
+    const auto button = [&](std::size_t i) { return fields[i].kind == FieldKind::kButton; };
+    std::copy_if(plain.begin(), plain.end(), std::back_inserter(closing), button);
+    std::erase_if(plain, button);
   }
 
-  int content_right = right;
-  if (!previews.empty()) {
-    const int x = right + kColumnGap;
-    int y = kMargin;
-    for (std::size_t i : previews) {
+  const auto place_previews = [&](const std::vector<std::size_t>& column, int x, int y,
+                                  int bottom) {
+    for (std::size_t i : column) {
       FieldPlace& place = layout.fields[i];
       if (!fields[i].caption.empty()) {
         place.label = {x, y, kPreviewWidth, kLineHeight};
@@ -312,9 +320,46 @@ DialogLayout LayOutDialog(const std::vector<Field>& fields, DialogButtons button
       y += place.control.height + kRowGap;
     }
     // The last preview takes the height the other fields leave.
-    Box& last = layout.fields[previews.back()].control;
+    Box& last = layout.fields[column.back()].control;
     last.height = std::max(last.height, bottom - last.y);
-    bottom = std::max(bottom, last.y + last.height);
+    return last.y + last.height;
+  };
+
+  const int left = kMargin;
+  int right = kMargin + layouter.ColumnWidth();
+  int bottom = layouter.Column(plain, left, right, kMargin);
+  if (!paged.empty()) {
+    const int top = plain.empty() ? kMargin : bottom + kRowGap * 2;
+    // A page's previews stand on its right, inside the tabs; every tab
+    // shows in one row, so the tabs are as wide as their captions too.
+    int tabs_right = right;
+    const bool page_preview = std::any_of(page_previews.begin(), page_previews.end(),
+                                          [](const auto& column) { return !column.empty(); });
+    const int preview_x = right - kTabInset + kColumnGap;
+    if (page_preview) tabs_right = preview_x + kPreviewWidth + kTabInset;
+    int captions = 4;
+    for (const std::string& page : layout.pages) captions += text_width(page) + 10;
+    tabs_right = std::max(tabs_right, left + captions);
+    // A page without a preview gives its fields the whole width.
+    int page_bottom = top + kTabTop;
+    for (std::size_t p = 0; p < paged.size(); ++p) {
+      const int page_right = page_previews[p].empty() ? tabs_right : right;
+      page_bottom = std::max(page_bottom, layouter.Column(paged[p], left + kTabInset,
+                                                          page_right - kTabInset, top + kTabTop));
+    }
+    for (const auto& column : page_previews)
+      if (!column.empty())
+        page_bottom = std::max(page_bottom,
+                               place_previews(column, preview_x, top + kTabTop, page_bottom));
+    layout.tabs = {left, top, tabs_right - left, page_bottom + kTabInset - top};
+    bottom = layout.tabs.y + layout.tabs.height;
+    right = tabs_right;
+  }
+
+  int content_right = right;
+  if (!previews.empty()) {
+    const int x = right + kColumnGap;
+    bottom = std::max(bottom, place_previews(previews, x, kMargin, bottom));
     content_right = x + kPreviewWidth;
   }
 
@@ -325,7 +370,9 @@ DialogLayout LayOutDialog(const std::vector<Field>& fields, DialogButtons button
     box = {x, buttons_y, kButtonWidth, kButtonHeight};
     x -= kLabelGap;
   };
+  // From the right: Help, the dialog's own closing buttons, Cancel, OK.
   if (buttons.help) button(layout.help);
+  for (auto i = closing.rbegin(); i != closing.rend(); ++i) button(layout.fields[*i].control);
   if (buttons.cancel) button(layout.cancel);
   button(layout.ok);
   layout.width = content_right + kMargin;

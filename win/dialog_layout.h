@@ -10,9 +10,14 @@
 // - Consecutive fields of one group sit in a group box; a label spans the
 //   width.
 // - Previews stand in a column of their own on the right, as tall as the
-//   rest, their caption above them.
+//   rest, their caption above them; a page's previews stand on the right
+//   of that page, inside the tabs.
+// - A list keeps a control's width beside the buttons that act on it.
 // - Fields with pages go on the pages of a tab control below the fields
-//   without one; every page is laid out in the same place.
+//   without one; every page is laid out in the same place. The tabs show in
+//   one row (as wide as their captions), a page without a preview gives its
+//   fields the whole width, and a button of no page (Apply) stands beside
+//   OK and Cancel.
 // - OK, Cancel and Help close the dialog at the bottom right.
 #pragma once
 

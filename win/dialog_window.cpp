@@ -216,6 +216,9 @@ INT_PTR DialogWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_COMMAND:
       if (!refreshing_) Command(LOWORD(wparam), HIWORD(wparam));
       return TRUE;
+    case WM_HELP:  // F1 anywhere in the dialog, as the Help button
+      Command(IDHELP, BN_CLICKED);
+      return TRUE;
     case WM_NOTIFY: {
       const auto* header = reinterpret_cast<const NMHDR*>(lparam);
       if (header->idFrom == kTabsId && header->code == TCN_SELCHANGE)
@@ -258,6 +261,9 @@ void DialogWindow::Initialize() {
       item.pszText = caption.data();
       ::SendMessageW(tabs, TCM_INSERTITEMW, p, reinterpret_cast<LPARAM>(&item));
     }
+    // Below every page's controls in Z order: a group box, which clips its
+    // siblings above it, would otherwise not draw at all over the tabs.
+    ::SetWindowPos(tabs, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   }
   for (std::size_t i = 0; i + 1 < fields.size(); ++i)
     if (fields[i].kind == FieldKind::kText && fields[i + 1].kind == FieldKind::kList)
