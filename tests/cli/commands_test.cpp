@@ -65,7 +65,7 @@ TEST_F(CommandsTest, JsonGivesTheWholeTreeInScreenOrder) {
 
   const json& insert = bars[1]["controls"][0];
   EXPECT_EQ(insert["caption"], "Tavrin Insert");
-  EXPECT_EQ(insert["controls"].size(), 4u);
+  EXPECT_EQ(insert["controls"].size(), 5u);
 }
 
 TEST_F(CommandsTest, TextListsOneControlALineIndentedByDepth) {
