@@ -174,16 +174,15 @@ int PrintText(Builder builder, const BuilderArguments& a, const fragments::Setti
   const auto show = [&](builders::DialogModel& dialog) {
     if (!host.Show(dialog)) FailWhenNotConfirmed(host);
   };
+  const auto declare = [&](builders::DeclarationDialog&& dialog) {
+    show(dialog);
+    name = dialog.DeclaredName();
+    text = dialog.Statement();
+  };
   if (builder == Builder::kVariable) {
-    builders::VariableDialog dialog(target, settings.Naming(), settings.type_prefixes);
-    show(dialog);
-    name = dialog.DeclaredName();
-    text = dialog.Statement();
+    declare(builders::VariableDialog(target, settings.Naming(), settings.type_prefixes));
   } else if (builder == Builder::kConstant) {
-    builders::ConstantDialog dialog(target, settings.Naming(), settings.type_prefixes);
-    show(dialog);
-    name = dialog.DeclaredName();
-    text = dialog.Statement();
+    declare(builders::ConstantDialog(target, settings.Naming(), settings.type_prefixes));
   } else if (builder == Builder::kEnum || builder == Builder::kType) {
     builders::BlockDialog dialog(target, builder == Builder::kEnum ? builders::BlockKind::kEnum
                                                                    : builders::BlockKind::kType);

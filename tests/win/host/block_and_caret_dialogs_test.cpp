@@ -42,24 +42,7 @@ class BlockDialogsTest : public HostDialogsTest,
 TEST_P(BlockDialogsTest, OkWritesThePreviewInTheDeclarations) {
   const BlockCase& c = GetParam();
   Connect(kBlocks, 12);
-  HWND dialog = nullptr;
-  std::wstring preview;
-  DialogRobot robot({
-      [&] {
-        if (!Opened(dialog, c.title, main_window_.get())) return false;
-        Screenshot(dialog, c.screenshot);
-        for (const auto& [caption, text] : c.typed) TypeInto(ControlOf(dialog, caption), text);
-        return true;
-      },
-      [&] {
-        Screenshot(dialog, (std::wstring(c.screenshot) + L"-filled").c_str());
-        preview = TextOf(ControlOf(dialog, L"Preview:"));
-        ClickButton(ChildWithText(dialog, L"OK"));
-        return true;
-      },
-  });
-  Click(c.command);
-  ASSERT_TRUE(robot.Finished() && !robot.GaveUp()) << robot.StepsDone();
+  const std::wstring preview = FillAndConfirm(c.command, c.title, c.screenshot, c.typed);
   const std::string module = Module();
   const std::size_t at = module.find(c.expected);
   EXPECT_NE(at, std::string::npos) << module;
