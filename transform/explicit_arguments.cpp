@@ -26,9 +26,10 @@ bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 bool IsNameChar(char c) { return IsLetter(c) || IsDigit(c) || c == '_'; }
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 
-// A "_" that continues the line: after a blank, before the line break.
+// A "_" that continues the line: after a blank (or alone), before the line
+// break.
 bool IsContinuation(std::string_view text, std::size_t at) {
-  if (text[at] != '_' || (at > 0 && !IsBlank(text[at - 1]))) return false;
+  if (text[at] != '_' || (at > 0 && !IsBlank(text[at - 1]) && text[at - 1] != '\n')) return false;
   std::size_t next = at + 1;
   while (next < text.size() && IsBlank(text[next])) ++next;
   return next == text.size() || text[next] == '\r' || text[next] == '\n';
@@ -161,7 +162,7 @@ class StatementReader {
   // Every call of the statement made of the tokens [begin, end).
   std::vector<Call> Calls(std::size_t begin, std::size_t end) const {
     std::vector<Call> calls;
-    if (begin < end && tokens_[begin].kind == Tok::kOther) ++begin;  // a line number
+    if (begin < end && IsDigit(text_[tokens_[begin].start])) ++begin;  // a line number
     if (begin >= end) return calls;
     // "Foo (a), b" is one call of Foo, not Foo(a).
     const std::size_t statement_name = AddStatementCall(begin, end, calls);
@@ -195,6 +196,8 @@ class StatementReader {
       i += 2;
     const std::size_t name = i;
     std::size_t after = name + 1;
+    // The arguments stand apart from the name: "Foo(a)" is no call by place.
+    if (after < end && tokens_[after].start == tokens_[name].end) return end;
     if (after < end && tokens_[after].kind == Tok::kOpen) {
       const std::size_t close = Closing(after, end);
       if (close + 1 < end && tokens_[close + 1].kind == Tok::kEquals) return end;  // x(1) = ...
@@ -270,22 +273,30 @@ std::string NameWithoutTypeChar(std::string name) {
   return name;
 }
 
+Error NoArguments(const Call& call) {
+  return Error{call.name.name + " is called without arguments: there is nothing to name."};
+}
+
 Result<std::vector<Edit>> NamingEdits(std::string_view text, const std::vector<Token>& tokens,
                                       const Call& call,
                                       const std::vector<scan::C4_ProcArgument>& declared) {
-  if (call.no_arguments)
-    return Error{call.name.name + " is called without arguments: there is nothing to name."};
+  if (call.no_arguments) return NoArguments(call);
   const auto pieces = Pieces(tokens, call);
   std::vector<Edit> edits;
+  bool given_before = false;
   for (std::size_t i = 0; i < pieces.size(); ++i) {
     const auto [from, to] = pieces[i];
     const std::size_t content = ContentStart(text, from, to);
+    if (content != to) given_before = true;
     if (content == to) {
       // Left out: the comma before it goes with its blanks, but never a
-      // line break; the first one takes the comma after it instead.
-      if (i > 0) {
-        edits.push_back({from - 1, HoldsLineBreak(text, from, to) ? 1 : to - from + 1, ""});
-      } else if (pieces.size() > 1) {
+      // line break; before the first argument given, the comma after it.
+      if (given_before) {
+        // At the end, a blank keeps the word that follows apart.
+        const bool joins = i + 1 == pieces.size() && to < text.size() && IsNameChar(text[to]);
+        edits.push_back({from - 1, HoldsLineBreak(text, from, to) ? 1 : to - from + 1,
+                         joins ? " " : ""});
+      } else if (i + 1 < pieces.size()) {
         std::size_t next = to + 1;
         while (next < text.size() && IsBlank(text[next])) ++next;
         if (next < text.size() && IsContinuation(text, next)) next = to + 1;
@@ -306,6 +317,7 @@ Result<std::vector<Edit>> NamingEdits(std::string_view text, const std::vector<T
                    " cannot be named."};
     edits.push_back({content, 0, NameWithoutTypeChar(declared[i].Name) + ":="});
   }
+  if (!given_before) return NoArguments(call);
   return edits;
 }
 
@@ -342,7 +354,9 @@ Result<CallRewrite> ExplicitArguments(const std::vector<std::string_view>& lines
     }
   }
   std::vector<Call> calls = reader.Calls(begin, std::max(begin, end));
-  const auto holds = [&](const Call& call) { return call.start <= caret && caret <= call.end; };
+  // A caret past the statement's last word stands at its end.
+  const std::size_t at = end > begin ? std::min(caret, tokens[end - 1].end) : caret;
+  const auto holds = [&](const Call& call) { return call.start <= at && at <= call.end; };
   std::stable_sort(calls.begin(), calls.end(), [&](const Call& a, const Call& b) {
     if (holds(a) != holds(b)) return holds(a);
     if (holds(a)) return a.end - a.start < b.end - b.start;
