@@ -5,8 +5,10 @@
 
 #include "addin/command_host.h"
 #include "addin/declaration_builders.h"
+#include "addin/explicit_arguments.h"
 #include "addin/fragment_commands.h"
 #include "addin/import_file.h"
+#include "addin/insert_variable.h"
 #include "addin/tool_commands.h"
 
 namespace tavrin::addin {
@@ -56,7 +58,7 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(0, 102, kPicture, "mnuhAddConstant_Click", RunAddConstant),
     Entry(0, 105, kPicture, "mnuhAddProperty_Click", RunAddProperty),
     Entry(0, 183, kPicture, "mnuhControlAdd_Click"),
-    Entry(0, 182, kPicture, "mnuhInsertVariable_Click"),
+    Entry(0, 182, kPicture, "mnuhInsertVariable_Click", RunInsertVariable),
     Entry(0, 101, kPicture | kGroup, "mnuhAddProcedure_Click", RunAddProcedure),
     Entry(0, 104, kPicture, "mnuhAddClass_Click"),
     Entry(0, 106, kPicture | kGroup, "mnuhCodeLines_Click", RunCodeLineBuilder),
@@ -92,8 +94,8 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(2, 133, kPlain, "mnuhConstDouble_Click", RunAddConstant, "Double"),
     Entry(2, 134, kPlain, "mnuhConstCurrency_Click", RunAddConstant, "Currency"),
     Entry(2, 135, kPlain, "mnuhConstDate_Click", RunAddConstant, "Date"),
-    Entry(2, 170, kPlain, "mnuhFilename_Click"),
-    Entry(2, 171, kPlain, "mnuhFolder_Click"),
+    Entry(2, 170, kPlain, "mnuhFilename_Click", RunAddPathConstant, "File"),
+    Entry(2, 171, kPlain, "mnuhFolder_Click", RunAddPathConstant, "Folder"),
     Entry(2, 147, kPlain, "mnuhEnumNew_Click", RunNewBlock, "Enum"),
     Entry(2, 148, kPlain, "mnuhEnumAddItem_Click", RunAddBlockItem, "Enum"),
     Entry(2, 102, kPicture | kGroup, "mnuhConstAdd_Click", RunAddConstant),
@@ -111,8 +113,8 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(2, 137, kPlain, "mnuhPropObject_Click", RunAddProperty, "Object"),
     Entry(2, 138, kPlain, "mnuhPropCollection_Click", RunAddProperty, "Collection"),
     Entry(2, 105, kPicture | kGroup, "mnuhPropAdd_Click", RunAddProperty),
-    Entry(1, 182, kPicture | kGroup, "mnuhTVRInsertVariable_Click"),
-    Entry(1, 193, kPlain, "mnuhTVRExplicitArgument_Click"),
+    Entry(1, 182, kPicture | kGroup, "mnuhTVRInsertVariable_Click", RunInsertVariable),
+    Entry(1, 193, kPlain, "mnuhTVRExplicitArgument_Click", RunExplicitArguments),
     Entry(1, 139, kPlain, "mnuhWith_Click", RunCodeLines, "With"),
     Entry(1, 106, kPicture | kGroup, "mnuhTVRCodeLines_Click", RunCodeLineBuilder),
     Entry(1, 101, kPicture, "mnuhTVRAddProcedure_Click", RunAddProcedure),
@@ -188,7 +190,7 @@ constexpr auto kTable = std::to_array<CommandRow>({
     InCodeWindow(Entry(1, 181, kPicture, "mnuhTVRAddFragment_Click", RunInsertFragment)),
     // The fragment editor by itself, over the selection or the procedure.
     InCodeWindow(Entry(1, 2014, kPlain, "mnuhTVRSaveFragment_Click", RunSaveFragment)),
-    InCodeWindow(Entry(1, 182, kPicture, "mnuhTVRInsertVariable_Click")),
+    InCodeWindow(Entry(1, 182, kPicture, "mnuhTVRInsertVariable_Click", RunInsertVariable)),
     InCodeWindow(Entry(1, 101, kPicture, "mnuhTVRAddProcedure_Click", RunAddProcedure)),
 });
 

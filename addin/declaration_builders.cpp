@@ -1,11 +1,13 @@
 #include "addin/declaration_builders.h"
 
-#include "addin/code_pane.h"
-#include "base/utf8.h"
+#include "addin/pane_command.h"
 #include "addin/procedure_builder.h"
+#include "base/utf8.h"
 #include "base/text.h"
 #include "builders/block_dialogs.h"
 #include "builders/constant_dialog.h"
+#include "builders/file_dialog.h"
+#include "builders/literal.h"
 #include "builders/property_dialog.h"
 #include "builders/variable_dialog.h"
 #include "scan/project_scanner.h"
@@ -36,9 +38,50 @@ void Write(ide::ICodePane& pane, ide::ICodeModule& module, const builders::Inser
   pane.SetSelection(caret);
 }
 
-void Report(Context& context, const ide::Error& error) {
-  context.ui.MessageBox(error.what(), platform::Buttons::kOk, platform::Icon::kExclamation,
-                        platform::kAppTitle);
+template <typename Steps>
+bool Guarded(Context& context, Steps steps) {
+  return RunPaneCommand(context, /*shows_dialog=*/true, steps);
+}
+
+// Shows a builder and writes its text where it places it.
+template <typename Dialog>
+bool ShowAndWrite(Context& context, Dialog& dialog) {
+  if (!context.dialogs->Show(dialog)) return false;
+  const auto pane = context.vbe.ActiveCodePane();
+  Write(*pane, *pane->CodeModule(), dialog.Place());
+  return true;
+}
+
+// The constant builder shown; a picked-up literal gives way to the
+// constant's name, and the caret follows it.
+bool ShowConstant(Context& context, builders::ConstantDialog& dialog) {
+  if (!context.dialogs->Show(dialog)) return false;
+  const auto pane = context.vbe.ActiveCodePane();
+  const auto module = pane->CodeModule();
+  if (dialog.PickedUp()) {
+    const ide::TextRange range = pane->GetSelection();
+    const std::string line = module->Lines(range.start_line, 1);
+    const std::size_t from = utf8::OffsetOfColumn(line, range.start_column);
+    const std::size_t to = utf8::OffsetOfColumn(line, range.end_column);
+    const std::string name = dialog.DeclaredName();
+    module->ReplaceLine(range.start_line, line.substr(0, from) + name + line.substr(to));
+    const int column = range.start_column + utf8::CharCount(name);
+    pane->SetSelection({range.start_line, column, range.start_line, column});
+  }
+  Write(*pane, *module, dialog.Place());
+  return true;
+}
+
+// The name a path suggests: its file's name without the extension, or its
+// last folder (C:\Data\orders.mdb gives Orders, C:\Data\ gives Data).
+std::string NameFromPath(std::string_view path, bool is_folder) {
+  while (!path.empty() && (path.back() == '\\' || path.back() == '/')) path.remove_suffix(1);
+  const std::size_t slash = path.find_last_of("\\/:");
+  std::string_view last = slash == std::string_view::npos ? path : path.substr(slash + 1);
+  const std::size_t dot = last.rfind('.');
+  if (!is_folder && dot != std::string_view::npos && dot > 0)
+    last = last.substr(0, dot);
+  return builders::NameFromLiteral(last);
 }
 
 }  // namespace
@@ -61,61 +104,47 @@ builders::DeclarationTarget DeclarationTargetOf(Context& context) {
 }
 
 bool AddVariable(Context& context, std::string_view type) {
-  if (!context.dialogs || !IsCodePaneReady(context)) return false;
-  try {
+  return Guarded(context, [&] {
     const fragments::Settings& settings = SettingsOf(context);
     builders::VariableDialog dialog(DeclarationTargetOf(context), settings.Naming(),
                                     settings.type_prefixes, std::string(type));
-    if (!context.dialogs->Show(dialog)) return false;
-    const auto pane = context.vbe.ActiveCodePane();
-    Write(*pane, *pane->CodeModule(), dialog.Place());
-    return true;
-  } catch (const ide::Error& error) {
-    Report(context, error);
-    return false;
-  }
+    return ShowAndWrite(context, dialog);
+  });
 }
 
 bool AddConstant(Context& context, std::string_view type) {
-  if (!context.dialogs || !IsCodePaneReady(context)) return false;
-  try {
+  return Guarded(context, [&] {
     const fragments::Settings& settings = SettingsOf(context);
     builders::ConstantDialog dialog(DeclarationTargetOf(context), settings.Naming(),
                                     settings.type_prefixes, std::string(type));
-    if (!context.dialogs->Show(dialog)) return false;
-    const auto pane = context.vbe.ActiveCodePane();
-    const auto module = pane->CodeModule();
-    if (dialog.PickedUp()) {
-      // The literal gives way to the constant's name; the caret follows it.
-      const ide::TextRange range = pane->GetSelection();
-      const std::string line = module->Lines(range.start_line, 1);
-      const std::size_t from = utf8::OffsetOfColumn(line, range.start_column);
-      const std::size_t to = utf8::OffsetOfColumn(line, range.end_column);
-      const std::string name = dialog.DeclaredName();
-      module->ReplaceLine(range.start_line, line.substr(0, from) + name + line.substr(to));
-      const int column = range.start_column + utf8::CharCount(name);
-      pane->SetSelection({range.start_line, column, range.start_line, column});
-    }
-    Write(*pane, *module, dialog.Place());
-    return true;
-  } catch (const ide::Error& error) {
-    Report(context, error);
-    return false;
-  }
+    return ShowConstant(context, dialog);
+  });
 }
 
-void RunAddConstant(CommandHost& host, std::string_view type) {
-  AddConstant(host.CommandContext(), type);
+bool AddPathConstant(Context& context, builders::FieldKind kind) {
+  if (!context.files) return false;
+  return Guarded(context, [&] {
+    const bool folder = kind == builders::FieldKind::kFolder;
+    builders::FileDialog picker(
+        std::string(folder ? builders::kSelectFolderTitle : builders::kSelectFileTitle),
+        folder ? "F&older:" : "&File:", *context.files, kind, "variables.html");
+    if (!context.dialogs->Show(picker)) return false;
+    const fragments::Settings& settings = SettingsOf(context);
+    builders::DeclarationTarget target = DeclarationTargetOf(context);
+    target.selected_text.clear();  // the path is the value, not a selected literal
+    builders::ConstantDialog dialog(std::move(target), settings.Naming(),
+                                    settings.type_prefixes, "String");
+    dialog.Preset(picker.Path(), NameFromPath(picker.Path(), folder));
+    return ShowConstant(context, dialog);
+  });
 }
 
 bool AddProperty(Context& context, std::string_view type) {
-  if (!context.dialogs || !IsCodePaneReady(context)) return false;
-  try {
+  return Guarded(context, [&] {
     const fragments::Settings& settings = SettingsOf(context);
     builders::DeclarationTarget target = DeclarationTargetOf(context);
     if (target.standard_module) {
-      context.ui.MessageBox(builders::kPropertyInStandardModule, platform::Buttons::kOk,
-                            platform::Icon::kInformation, platform::kAppTitle);
+      TellUser(context, builders::kPropertyInStandardModule);
       return false;
     }
     builders::PropertyDialog dialog(std::move(target), settings.Naming(), settings.type_prefixes,
@@ -139,47 +168,25 @@ bool AddProperty(Context& context, std::string_view type) {
     const int column = utf8::CharCount(module->Lines(line, 1)) + 1;
     pane->SetSelection({line, column, line, column});
     return true;
-  } catch (const ide::Error& error) {
-    Report(context, error);
-    return false;
-  }
-}
-
-void RunAddProperty(CommandHost& host, std::string_view type) {
-  AddProperty(host.CommandContext(), type);
+  });
 }
 
 bool AddBlock(Context& context, builders::BlockKind kind) {
-  if (!context.dialogs || !IsCodePaneReady(context)) return false;
-  try {
+  return Guarded(context, [&] {
     builders::BlockDialog dialog(DeclarationTargetOf(context), kind);
-    if (!context.dialogs->Show(dialog)) return false;
-    const auto pane = context.vbe.ActiveCodePane();
-    Write(*pane, *pane->CodeModule(), dialog.Place());
-    return true;
-  } catch (const ide::Error& error) {
-    Report(context, error);
-    return false;
-  }
+    return ShowAndWrite(context, dialog);
+  });
 }
 
 bool AddBlockItem(Context& context, builders::BlockKind kind) {
-  if (!context.dialogs || !IsCodePaneReady(context)) return false;
-  try {
+  return Guarded(context, [&] {
     builders::BlockItemDialog dialog(DeclarationTargetOf(context), kind);
     if (dialog.Blocks().empty()) {
-      context.ui.MessageBox(builders::NoBlockMessage(kind), platform::Buttons::kOk,
-                            platform::Icon::kInformation, platform::kAppTitle);
+      TellUser(context, builders::NoBlockMessage(kind));
       return false;
     }
-    if (!context.dialogs->Show(dialog)) return false;
-    const auto pane = context.vbe.ActiveCodePane();
-    Write(*pane, *pane->CodeModule(), dialog.Place());
-    return true;
-  } catch (const ide::Error& error) {
-    Report(context, error);
-    return false;
-  }
+    return ShowAndWrite(context, dialog);
+  });
 }
 
 namespace {
@@ -190,16 +197,29 @@ builders::BlockKind BlockKindOf(std::string_view word) {
 
 }  // namespace
 
+void RunAddVariable(CommandHost& host, std::string_view type) {
+  AddVariable(host.CommandContext(), type);
+}
+
+void RunAddConstant(CommandHost& host, std::string_view type) {
+  AddConstant(host.CommandContext(), type);
+}
+
+void RunAddPathConstant(CommandHost& host, std::string_view kind) {
+  AddPathConstant(host.CommandContext(),
+                  kind == "Folder" ? builders::FieldKind::kFolder : builders::FieldKind::kFile);
+}
+
+void RunAddProperty(CommandHost& host, std::string_view type) {
+  AddProperty(host.CommandContext(), type);
+}
+
 void RunNewBlock(CommandHost& host, std::string_view kind) {
   AddBlock(host.CommandContext(), BlockKindOf(kind));
 }
 
 void RunAddBlockItem(CommandHost& host, std::string_view kind) {
   AddBlockItem(host.CommandContext(), BlockKindOf(kind));
-}
-
-void RunAddVariable(CommandHost& host, std::string_view type) {
-  AddVariable(host.CommandContext(), type);
 }
 
 }  // namespace tavrin::addin

@@ -25,6 +25,11 @@ bool AddVariable(Context& context, std::string_view type);
 // place in the code.
 bool AddConstant(Context& context, std::string_view type);
 
+// "&Filename..." and "F&older...": a path picked in "Select File" or
+// "Select Folder" (kind FieldKind::kFile or kFolder) becomes the value of a
+// String constant, named after the file or folder. Needs context.files.
+bool AddPathConstant(Context& context, builders::FieldKind kind);
+
 // In a standard module the user is told why no property can go there.
 bool AddProperty(Context& context, std::string_view type);
 
@@ -39,6 +44,8 @@ bool AddBlockItem(Context& context, builders::BlockKind kind);
 void RunAddVariable(CommandHost& host, std::string_view type);
 void RunAddConstant(CommandHost& host, std::string_view type);
 void RunAddProperty(CommandHost& host, std::string_view type);
+// The argument is "File" or "Folder".
+void RunAddPathConstant(CommandHost& host, std::string_view kind);
 void RunNewBlock(CommandHost& host, std::string_view kind);
 void RunAddBlockItem(CommandHost& host, std::string_view kind);
 

@@ -161,7 +161,7 @@ BlockItemDialog::BlockItemDialog(DeclarationTarget target, BlockKind kind)
     : target_(std::move(target)), kind_(kind) {
   const DeclKind wanted = kind_ == BlockKind::kEnum ? DeclKind::kEnum : DeclKind::kType;
   Field block = MakeField("block", FieldKind::kChoice,
-                          kind_ == BlockKind::kEnum ? "&Enum:" : "&Type:");
+                          kind_ == BlockKind::kEnum ? "&Enum:" : "&User-defined type:");
   for (const scan::Declaration& declaration : target_.module.declarations) {
     if (declaration.kind != wanted || declaration.end_line == 0) continue;
     if (declaration.line <= target_.caret_line && target_.caret_line <= declaration.end_line)

@@ -4,7 +4,6 @@
 
 #include "base/text.h"
 #include "builders/literal.h"
-#include "builders/name_check.h"
 #include "builders/variable_dialog.h"
 
 namespace tavrin::builders {
@@ -17,7 +16,7 @@ const std::vector<std::string>& ConstantTypes() {
 
 ConstantDialog::ConstantDialog(DeclarationTarget target, settings::NamingRules rules,
                                settings::TypePrefixTable prefixes, std::string type)
-    : target_(std::move(target)), rules_(std::move(rules)), prefixes_(std::move(prefixes)) {
+    : DeclarationDialog(std::move(target), std::move(rules), std::move(prefixes)) {
   const std::string picked_type = LiteralType(target_.selected_text);
   picked_up_ = !picked_type.empty();
   if (type.empty()) type = picked_up_ ? picked_type : "String";
@@ -49,10 +48,6 @@ ConstantDialog::ConstantDialog(DeclarationTarget target, settings::NamingRules r
   Refresh();
 }
 
-const Field& ConstantDialog::F(std::string_view id) const {
-  return *FindField(const_cast<std::vector<Field>&>(fields_), id);
-}
-
 scan::DeclScope ConstantDialog::Scope() const {
   const Field& scope = F("scope");
   return ScopeOfEntry(scope.items[std::clamp(scope.selected, 0,
@@ -64,11 +59,6 @@ std::string ConstantDialog::Type() const {
   return type.items[std::clamp(type.selected, 0, static_cast<int>(type.items.size()) - 1)];
 }
 
-std::string ConstantDialog::DeclaredName() const {
-  const std::string typed(TrimBlanks(F("name").text));
-  return settings::ComposeName(typed, Type(), ScopeCodeOf(Scope()), true, rules_, prefixes_);
-}
-
 std::string ConstantDialog::Statement() const {
   const scan::DeclScope scope = Scope();
   std::string statement = scope == scan::DeclScope::kLocal ? "" : std::string(ScopeKeyword(scope)) + " ";
@@ -77,18 +67,14 @@ std::string ConstantDialog::Statement() const {
          (literal.problem.empty() ? literal.text : std::string(TrimBlanks(F("value").text)));
 }
 
-void ConstantDialog::Refresh() {
-  FindField(fields_, "declared")->text = DeclaredName();
-  FindField(fields_, "preview")->text = Statement();
+void ConstantDialog::Preset(std::string value, std::string name) {
+  FindField(fields_, "value")->text = std::move(value);
+  FindField(fields_, "name")->text = std::move(name);
+  Refresh();
 }
 
-void ConstantDialog::Changed(std::string_view) { Refresh(); }
-
 std::optional<Refusal> ConstantDialog::Accept() {
-  if (auto problem = NameProblem(F("name").text)) return Refusal{*problem, "name"};
-  const std::string name = DeclaredName();
-  if (auto problem = NameProblem(name)) return Refusal{*problem, "name"};
-  if (auto clash = NameClash(target_, name, Scope())) return Refusal{*clash, "name"};
+  if (auto refusal = NameRefusal()) return refusal;
   const Literal literal = LiteralFor(F("value").text, Type());
   if (!literal.problem.empty()) return Refusal{literal.problem, "value"};
   return std::nullopt;

@@ -8,16 +8,13 @@
 
 #include <string>
 
-#include "builders/declaration_target.h"
-#include "builders/dialog.h"
-#include "settings/naming.h"
-#include "settings/type_prefixes.h"
+#include "builders/declaration_dialog.h"
 
 namespace tavrin::builders {
 
 inline constexpr std::string_view kConstantDialogTitle = "Add Constant";
 
-class ConstantDialog : public DialogModel {
+class ConstantDialog : public DeclarationDialog {
  public:
   // `type`: the type chosen at first ("": the picked-up literal's, else
   // String).
@@ -25,28 +22,21 @@ class ConstantDialog : public DialogModel {
                  settings::TypePrefixTable prefixes, std::string type = "");
 
   std::string Title() const override { return std::string(kConstantDialogTitle); }
-  std::vector<Field>& Fields() override { return fields_; }
-  void Changed(std::string_view id) override;
   std::optional<Refusal> Accept() override;
 
-  scan::DeclScope Scope() const;
-  std::string Type() const;
-  std::string DeclaredName() const;
+  scan::DeclScope Scope() const override;
+  std::string Type() const override;
+  std::string DeclaredName() const override { return ComposedName(true); }
   // "Private Const cstrTitle As String = "Stock"".
-  std::string Statement() const;
-  Insertion Place() const { return PlaceDeclaration(target_, Scope(), Statement()); }
+  std::string Statement() const override;
   // True when the selection was a literal and is to be replaced by the name.
   bool PickedUp() const { return picked_up_; }
+  // The value and the name as typed, set before the dialog is shown (a path
+  // picked for "&Filename...").
+  void Preset(std::string value, std::string name);
 
  private:
-  const Field& F(std::string_view id) const;
-  void Refresh();
-
-  DeclarationTarget target_;
-  settings::NamingRules rules_;
-  settings::TypePrefixTable prefixes_;
   bool picked_up_ = false;
-  std::vector<Field> fields_;
 };
 
 // The types a constant can have, in the list's order.

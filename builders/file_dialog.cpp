@@ -2,17 +2,20 @@
 
 namespace tavrin::builders {
 
-FileDialog::FileDialog(std::string title, std::string caption, platform::FileSystem& files)
-    : title_(std::move(title)), files_(files) {
-  Field path = MakeField("path", FieldKind::kFile, std::move(caption));
+FileDialog::FileDialog(std::string title, std::string caption, platform::FileSystem& files,
+                       FieldKind kind, std::string help_topic)
+    : title_(std::move(title)), help_topic_(std::move(help_topic)), files_(files) {
+  Field path = MakeField("path", kind, std::move(caption));
   path.remember = true;
   fields_.push_back(std::move(path));
 }
 
 std::optional<Refusal> FileDialog::Accept() {
   const std::string& path = fields_.front().text;
-  if (path.empty()) return Refusal{"Choose a file.", "path"};
-  if (!files_.FileExists(path)) return Refusal{"The file '" + path + "' does not exist.", "path"};
+  const bool folder = fields_.front().kind == FieldKind::kFolder;
+  if (path.empty()) return Refusal{folder ? "Choose a folder." : "Choose a file.", "path"};
+  if (folder ? !files_.FolderExists(path) : !files_.FileExists(path))
+    return Refusal{(folder ? "The folder '" : "The file '") + path + "' does not exist.", "path"};
   return std::nullopt;
 }
 

@@ -1,5 +1,7 @@
-// Asks for the path of one existing file: a file field with its browse
-// button. "I&mport File..." uses it for the module to add to the project.
+// Asks for the path of one existing file or folder: a file or folder field
+// with its browse button, which opens the system's picker. "I&mport File..."
+// asks for the module to add to the project, "&Filename..." and "F&older..."
+// for the path of a String constant.
 #pragma once
 
 #include <string>
@@ -9,12 +11,17 @@
 
 namespace tavrin::builders {
 
+inline constexpr std::string_view kSelectFileTitle = "Select File";
+inline constexpr std::string_view kSelectFolderTitle = "Select Folder";
+
 class FileDialog : public DialogModel {
  public:
-  FileDialog(std::string title, std::string caption, platform::FileSystem& files);
+  // `kind` is FieldKind::kFile or FieldKind::kFolder.
+  FileDialog(std::string title, std::string caption, platform::FileSystem& files,
+             FieldKind kind = FieldKind::kFile, std::string help_topic = "import-export.html");
 
   std::string Title() const override { return title_; }
-  std::string HelpTopic() const override { return "import-export.html"; }
+  std::string HelpTopic() const override { return help_topic_; }
   std::vector<Field>& Fields() override { return fields_; }
   std::optional<Refusal> Accept() override;
 
@@ -22,6 +29,7 @@ class FileDialog : public DialogModel {
 
  private:
   std::string title_;
+  std::string help_topic_;
   std::vector<Field> fields_;
   platform::FileSystem& files_;
 };

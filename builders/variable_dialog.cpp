@@ -23,7 +23,7 @@ scan::DeclScope ScopeOfEntry(std::string_view entry) {
 
 VariableDialog::VariableDialog(DeclarationTarget target, settings::NamingRules rules,
                                settings::TypePrefixTable prefixes, std::string type)
-    : target_(std::move(target)), rules_(std::move(rules)), prefixes_(std::move(prefixes)) {
+    : DeclarationDialog(std::move(target), std::move(rules), std::move(prefixes)) {
   fields_.push_back(MakeField("name", FieldKind::kText, "&Name:"));
   Field scope = MakeField("scope", FieldKind::kChoice, "&Scope:");
   if (target_.Procedure()) scope.items.emplace_back(kScopeLocal);
@@ -47,18 +47,9 @@ VariableDialog::VariableDialog(DeclarationTarget target, settings::NamingRules r
   Refresh();
 }
 
-const Field& VariableDialog::F(std::string_view id) const {
-  return *FindField(const_cast<std::vector<Field>&>(fields_), id);
-}
-
 scan::DeclScope VariableDialog::Scope() const { return ScopeOfEntry(Picked(F("scope"))); }
 
 std::string VariableDialog::Type() const { return Picked(F("type")); }
-
-std::string VariableDialog::DeclaredName() const {
-  const std::string typed(TrimBlanks(F("name").text));
-  return settings::ComposeName(typed, Type(), ScopeCodeOf(Scope()), false, rules_, prefixes_);
-}
 
 std::string VariableDialog::Statement() const {
   std::string statement = std::string(ScopeKeyword(Scope())) + " " + DeclaredName();
@@ -72,18 +63,13 @@ void VariableDialog::Refresh() {
   const bool is_class = IsClassType(target_, Type());
   FindField(fields_, "new")->enabled = is_class;
   FindField(fields_, "bounds")->enabled = F("array").checked;
-  FindField(fields_, "declared")->text = DeclaredName();
-  FindField(fields_, "preview")->text = Statement();
+  DeclarationDialog::Refresh();
 }
-
-void VariableDialog::Changed(std::string_view) { Refresh(); }
 
 std::optional<Refusal> VariableDialog::Accept() {
   if (auto problem = NameProblem(F("name").text)) return Refusal{*problem, "name"};
   if (auto problem = TypeProblem(Type())) return Refusal{*problem, "type"};
-  const std::string name = DeclaredName();
-  if (auto problem = NameProblem(name)) return Refusal{*problem, "name"};
-  if (auto clash = NameClash(target_, name, Scope())) return Refusal{*clash, "name"};
+  if (auto refusal = NameRefusal()) return refusal;
   const std::string bounds = F("bounds").text;
   if (F("array").checked &&
       (bounds.find_first_of("()\r\n") != std::string::npos))

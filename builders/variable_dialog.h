@@ -7,10 +7,7 @@
 
 #include <string>
 
-#include "builders/declaration_target.h"
-#include "builders/dialog.h"
-#include "settings/naming.h"
-#include "settings/type_prefixes.h"
+#include "builders/declaration_dialog.h"
 
 namespace tavrin::builders {
 
@@ -21,7 +18,7 @@ inline constexpr std::string_view kScopeLocal = "Local (Dim)";
 inline constexpr std::string_view kScopeModule = "Module (Private)";
 inline constexpr std::string_view kScopeGlobal = "Global (Public)";
 
-class VariableDialog : public DialogModel {
+class VariableDialog : public DeclarationDialog {
  public:
   // `type`: the type chosen at first ("" for String's place in the list:
   // the typed menu entries give theirs).
@@ -29,26 +26,16 @@ class VariableDialog : public DialogModel {
                  settings::TypePrefixTable prefixes, std::string type = "");
 
   std::string Title() const override { return std::string(kVariableDialogTitle); }
-  std::vector<Field>& Fields() override { return fields_; }
-  void Changed(std::string_view id) override;
   std::optional<Refusal> Accept() override;
 
-  scan::DeclScope Scope() const;
-  std::string Type() const;
-  // The name the statement declares: the typed name with its prefixes.
-  std::string DeclaredName() const;
+  scan::DeclScope Scope() const override;
+  std::string Type() const override;
+  std::string DeclaredName() const override { return ComposedName(false); }
   // "Dim lngCount As Long", "Private maItems(1 To 10) As New Collection".
-  std::string Statement() const;
-  Insertion Place() const { return PlaceDeclaration(target_, Scope(), Statement()); }
+  std::string Statement() const override;
 
  private:
-  const Field& F(std::string_view id) const;
-  void Refresh();
-
-  DeclarationTarget target_;
-  settings::NamingRules rules_;
-  settings::TypePrefixTable prefixes_;
-  std::vector<Field> fields_;
+  void Refresh() override;
 };
 
 // The scope an entry of the scope lists stands for.

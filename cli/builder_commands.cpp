@@ -45,16 +45,74 @@ struct BuilderArguments {
   OutputOptions output;
 };
 
-std::string_view TitleOf(Builder builder) {
-  switch (builder) {
-    case Builder::kVariable: return builders::kVariableDialogTitle;
-    case Builder::kConstant: return builders::kConstantDialogTitle;
-    case Builder::kProperty: return builders::kPropertyDialogTitle;
-    case Builder::kEnum: return builders::kEnumDialogTitle;
-    case Builder::kType: return builders::kTypeDialogTitle;
-  }
-  return "";
+struct BuilderInfo {
+  const char* word;
+  const char* help;
+  std::string_view title;  // of the builder's dialog
+};
+
+const BuilderInfo& InfoOf(Builder builder) {
+  static const BuilderInfo kInfo[] = {
+      {"variable", "Declares a variable named by the naming rules",
+       builders::kVariableDialogTitle},
+      {"constant", "Declares a constant; a selected literal becomes its value",
+       builders::kConstantDialogTitle},
+      {"property", "Writes a property with its member variable into a class module",
+       builders::kPropertyDialogTitle},
+      {"enum", "Writes a new Enum at the end of the declarations", builders::kEnumDialogTitle},
+      {"type", "Writes a new user-defined Type at the end of the declarations",
+       builders::kTypeDialogTitle},
+  };
+  return kInfo[static_cast<int>(builder)];
 }
+
+constexpr unsigned Bit(Builder builder) { return 1u << static_cast<int>(builder); }
+constexpr unsigned kVariableOnly = Bit(Builder::kVariable);
+constexpr unsigned kBlocks = Bit(Builder::kEnum) | Bit(Builder::kType);
+constexpr unsigned kAll = 0x1f;
+
+// The options of the builders, each with the builders that take it.
+struct TextOption {
+  const char* flag;
+  std::string BuilderArguments::*field;
+  unsigned builders;
+  const char* help;
+  bool required = false;
+};
+
+const TextOption kTextOptions[] = {
+    {"--name", &BuilderArguments::name, kAll,
+     "The name as typed; the naming rules add the prefixes", true},
+    {"--type", &BuilderArguments::type, kAll & ~kBlocks, "The type (default String)"},
+    {"--scope", &BuilderArguments::scope, kVariableOnly | Bit(Builder::kConstant),
+     "local, module or global"},
+    {"--scope", &BuilderArguments::scope, kBlocks, "module or global (default)"},
+    {"--bounds", &BuilderArguments::bounds, kVariableOnly,
+     "The array's bounds, e.g. \"1 To 10\""},
+    {"--value", &BuilderArguments::value, Bit(Builder::kConstant),
+     "The value; a picked-up selection gives it too"},
+    {"--access", &BuilderArguments::access, Bit(Builder::kProperty),
+     "read-write (default), read-only or write-only"},
+    {"--members", &BuilderArguments::members, Bit(Builder::kEnum),
+     "The members, e.g. \"Red, Green = 5\"", true},
+    {"--members", &BuilderArguments::members, Bit(Builder::kType),
+     "The members, e.g. \"X As Long, Y As Long\"", true},
+};
+
+struct FlagOption {
+  const char* flag;
+  bool BuilderArguments::*field;
+  unsigned builders;
+  const char* help;
+};
+
+const FlagOption kFlagOptions[] = {
+    {"--numbered", &BuilderArguments::numbered, Bit(Builder::kEnum),
+     "Give every member its value"},
+    {"--new", &BuilderArguments::is_new, kVariableOnly, "Declare it As New"},
+    {"--array", &BuilderArguments::is_array, kVariableOnly, "Declare an array"},
+    {"--class", &BuilderArguments::in_class, kAll, "Without a file: build as in a class module"},
+};
 
 std::string ScopeEntry(const std::string& scope) {
   if (scope == "local") return std::string(builders::kScopeLocal);
@@ -116,16 +174,15 @@ int PrintText(Builder builder, const BuilderArguments& a, const fragments::Setti
   const auto show = [&](builders::DialogModel& dialog) {
     if (!host.Show(dialog)) FailWhenNotConfirmed(host);
   };
+  const auto declare = [&](builders::DeclarationDialog&& dialog) {
+    show(dialog);
+    name = dialog.DeclaredName();
+    text = dialog.Statement();
+  };
   if (builder == Builder::kVariable) {
-    builders::VariableDialog dialog(target, settings.Naming(), settings.type_prefixes);
-    show(dialog);
-    name = dialog.DeclaredName();
-    text = dialog.Statement();
+    declare(builders::VariableDialog(target, settings.Naming(), settings.type_prefixes));
   } else if (builder == Builder::kConstant) {
-    builders::ConstantDialog dialog(target, settings.Naming(), settings.type_prefixes);
-    show(dialog);
-    name = dialog.DeclaredName();
-    text = dialog.Statement();
+    declare(builders::ConstantDialog(target, settings.Naming(), settings.type_prefixes));
   } else if (builder == Builder::kEnum || builder == Builder::kType) {
     builders::BlockDialog dialog(target, builder == Builder::kEnum ? builders::BlockKind::kEnum
                                                                    : builders::BlockKind::kType);
@@ -149,7 +206,7 @@ int PrintText(Builder builder, const BuilderArguments& a, const fragments::Setti
 
 int RunBuilder(Builder builder, const GlobalOptions& globals, const BuilderArguments& a) {
   builders::ScriptedDialogHost host;
-  host.Answer(std::string(TitleOf(builder)), ScriptOf(builder, a));
+  host.Answer(std::string(InfoOf(builder).title), ScriptOf(builder, a));
   AddinSession addin_session(globals);
   const fragments::Settings settings = addin_session.Load(/*interactive=*/false);
   if (a.file.empty()) return PrintText(builder, a, settings, host, globals.json);
@@ -179,35 +236,17 @@ int RunBuilder(Builder builder, const GlobalOptions& globals, const BuilderArgum
   return kDone;
 }
 
-Command AddBuilderCommand(CLI::App& app, Builder builder, const char* word, const char* help) {
+Command AddBuilderCommand(CLI::App& app, Builder builder) {
   auto a = std::make_shared<BuilderArguments>();
-  CLI::App* command = app.add_subcommand(word, help);
-  command->add_option("--name", a->name, "The name as typed; the naming rules add the prefixes")
-      ->required();
-  const bool block = builder == Builder::kEnum || builder == Builder::kType;
-  if (block) {
-    command->add_option("--members", a->members,
-                        builder == Builder::kEnum ? "The members, e.g. \"Red, Green = 5\""
-                                                  : "The members, e.g. \"X As Long, Y As Long\"")
-        ->required();
-    if (builder == Builder::kEnum)
-      command->add_flag("--numbered", a->numbered, "Give every member its value");
-  } else {
-    command->add_option("--type", a->type, "The type (default String)");
+  CLI::App* command = app.add_subcommand(InfoOf(builder).word, InfoOf(builder).help);
+  for (const TextOption& option : kTextOptions) {
+    if ((option.builders & Bit(builder)) == 0) continue;
+    auto* added = command->add_option(option.flag, (*a).*option.field, option.help);
+    if (option.required) added->required();
   }
-  if (builder != Builder::kProperty)
-    command->add_option("--scope", a->scope,
-                        block ? "module or global (default)" : "local, module or global");
-  if (builder == Builder::kVariable) {
-    command->add_flag("--new", a->is_new, "Declare it As New");
-    command->add_flag("--array", a->is_array, "Declare an array");
-    command->add_option("--bounds", a->bounds, "The array's bounds, e.g. \"1 To 10\"");
-  }
-  if (builder == Builder::kConstant)
-    command->add_option("--value", a->value, "The value; a picked-up selection gives it too");
-  if (builder == Builder::kProperty)
-    command->add_option("--access", a->access, "read-write (default), read-only or write-only");
-  command->add_flag("--class", a->in_class, "Without a file: build as in a class module");
+  for (const FlagOption& option : kFlagOptions)
+    if ((option.builders & Bit(builder)) != 0)
+      command->add_flag(option.flag, (*a).*option.field, option.help);
   command->add_option("file", a->file, "A .bas, .cls, .frm or .ctl file to write into");
   AddPositionOptions(*command, a->position);
   AddOutputOptions(*command, a->output);
@@ -217,29 +256,10 @@ Command AddBuilderCommand(CLI::App& app, Builder builder, const char* word, cons
 
 }  // namespace
 
-Command AddVariableCommand(CLI::App& app) {
-  return AddBuilderCommand(app, Builder::kVariable, "variable",
-                           "Declares a variable named by the naming rules");
-}
-
-Command AddConstantCommand(CLI::App& app) {
-  return AddBuilderCommand(app, Builder::kConstant, "constant",
-                           "Declares a constant; a selected literal becomes its value");
-}
-
-Command AddEnumCommand(CLI::App& app) {
-  return AddBuilderCommand(app, Builder::kEnum, "enum",
-                           "Writes a new Enum at the end of the declarations");
-}
-
-Command AddTypeCommand(CLI::App& app) {
-  return AddBuilderCommand(app, Builder::kType, "type",
-                           "Writes a new user-defined Type at the end of the declarations");
-}
-
-Command AddPropertyCommand(CLI::App& app) {
-  return AddBuilderCommand(app, Builder::kProperty, "property",
-                           "Writes a property with its member variable into a class module");
-}
+Command AddVariableCommand(CLI::App& app) { return AddBuilderCommand(app, Builder::kVariable); }
+Command AddConstantCommand(CLI::App& app) { return AddBuilderCommand(app, Builder::kConstant); }
+Command AddPropertyCommand(CLI::App& app) { return AddBuilderCommand(app, Builder::kProperty); }
+Command AddEnumCommand(CLI::App& app) { return AddBuilderCommand(app, Builder::kEnum); }
+Command AddTypeCommand(CLI::App& app) { return AddBuilderCommand(app, Builder::kType); }
 
 }  // namespace tavrin::cli

@@ -29,8 +29,7 @@ struct CallArguments {
   bool explicit_arguments = false;
   bool each_line = false;
   bool comment = false;
-  std::string insert;  // the module the call goes into
-  PositionOptions position;
+  InsertOptions insert;  // the module the call goes into
   std::string answers;
 };
 
@@ -89,9 +88,8 @@ builders::DialogScript ScriptOf(const CallArguments& arguments,
 int RunCall(const GlobalOptions& globals, const CallArguments& arguments) {
   if (arguments.procedure.empty() && arguments.answers.empty())
     throw UsageError("call needs the procedure, or --answers");
-  if (!arguments.insert.empty() && !HasPosition(arguments.position))
-    throw UsageError("--insert needs the caret: --caret L:C");
   platform::StdFileSystem files;
+  std::optional<SourceSession> target = OpenInsertTarget(files, arguments.insert);
   AddinSession addin_session(globals);
   const fragments::Settings settings = addin_session.Load(/*interactive=*/false);
   std::string current;
@@ -105,13 +103,7 @@ int RunCall(const GlobalOptions& globals, const CallArguments& arguments) {
 
   platform::TerminalUi ui(globals.answers, StandardInputIsTerminal(), std::cin, std::cerr);
   platform::FixedIdeOptions ide_options(globals.tab_width);
-  std::optional<SourceSession> target;
   std::string margin;
-  if (!arguments.insert.empty()) {
-    target.emplace(files, arguments.insert);
-    target->Pane()->SetSelection(
-        ResolvePosition(arguments.position, *target->Pane()->CodeModule()));
-  }
   const auto vbe = ide::memory::MemoryVbe::Create();
   addin::Context context{target ? target->Vbe() : *vbe, ui, ide_options, &settings,
                          &addin_session.Files(), &host};
@@ -128,9 +120,7 @@ int RunCall(const GlobalOptions& globals, const CallArguments& arguments) {
   }
   const int first_line = addin::InsertBlock(context, dialog.Code(), 0);
   if (first_line > 0) addin::PlaceCursorMarker(context, first_line, false);
-  OutputOptions output;
-  output.in_place = true;
-  target->WriteResult(output, globals.json, std::cout);
+  WriteInsertTarget(*target, globals.json);
   return kDone;
 }
 
@@ -150,8 +140,7 @@ Command AddCallCommand(CLI::App& app) {
   command->add_flag("--explicit", a->explicit_arguments, "Name the arguments: name:=value");
   command->add_flag("--each-line", a->each_line, "One argument per continuation line");
   command->add_flag("--comment", a->comment, "A comment line above the call");
-  command->add_option("-i,--insert", a->insert, "Insert the call into this module at the caret");
-  AddPositionOptions(*command, a->position);
+  AddInsertOptions(*command, a->insert, "Insert the call into this module at the caret");
   command->add_option("--answers", a->answers,
                       "A JSON answer file for the dialog \"Insert Line Of Code\"");
   return {command, [a](const GlobalOptions& globals) { return RunCall(globals, *a); }};

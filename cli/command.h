@@ -31,6 +31,7 @@ Command AddProcsCommand(CLI::App& app);
 Command AddDeclCommand(CLI::App& app);
 Command AddProcedureCommand(CLI::App& app);
 Command AddCallCommand(CLI::App& app);
+Command AddExplicitArgsCommand(CLI::App& app);
 Command AddHeaderCommand(CLI::App& app);
 Command AddTemplateCommand(CLI::App& app);
 Command AddTreeCommand(CLI::App& app);

@@ -37,20 +37,16 @@ struct ProcedureArguments {
   bool error_handler = false;
   bool return_line = false;
   bool hourglass = false;
-  std::string insert;  // the module the procedure goes into
-  PositionOptions position;
+  InsertOptions insert;  // the module the procedure goes into
   std::string answers;  // answers to the procedure builder's dialogs
 };
 
 // Inserts into the module at the caret as the add-in does: below the
 // procedure at the caret, never inside one; the file is rewritten.
-void InsertIntoModule(const GlobalOptions& globals, const ProcedureArguments& arguments,
+void InsertIntoModule(const GlobalOptions& globals, SourceSession& target,
                       const std::string& code, const codegen::clsProcedure& procedure) {
-  platform::StdFileSystem files;
-  SourceSession target(files, arguments.insert);
   const auto pane = target.Pane();
   const auto module = pane->CodeModule();
-  pane->SetSelection(ResolvePosition(arguments.position, *module));
   const ide::ProcKind kind = procedure.PropertyType == "Get"   ? ide::ProcKind::kGet
                              : procedure.PropertyType == "Let" ? ide::ProcKind::kLet
                              : procedure.PropertyType == "Set" ? ide::ProcKind::kSet
@@ -59,14 +55,13 @@ void InsertIntoModule(const GlobalOptions& globals, const ProcedureArguments& ar
                                               procedure.Name, kind);
   const int column = utf8::CharCount(module->Lines(line, 1)) + 1;
   pane->SetSelection({line, column, line, column});
-  OutputOptions output;
-  output.in_place = true;
-  target.WriteResult(output, globals.json, std::cout);
+  WriteInsertTarget(target, globals.json);
 }
 
 // The procedure builder answered from a file, writing into the module at
 // the caret (or printing what it would write).
-int RunProcedureBuilder(const GlobalOptions& globals, const ProcedureArguments& arguments) {
+int RunProcedureBuilder(const GlobalOptions& globals, const ProcedureArguments& arguments,
+                        std::optional<SourceSession>& target) {
   builders::ScriptedDialogHost host;
   LoadAnswerFile(arguments.answers, host);
   AddinSession session(globals);
@@ -74,9 +69,6 @@ int RunProcedureBuilder(const GlobalOptions& globals, const ProcedureArguments& 
   platform::TerminalUi ui(globals.answers, StandardInputIsTerminal(), std::cin, std::cerr);
   platform::FixedIdeOptions ide_options(globals.tab_width);
   const auto vbe = ide::memory::MemoryVbe::Create();
-  platform::StdFileSystem files;
-  std::optional<SourceSession> target;
-  if (!arguments.insert.empty()) target.emplace(files, arguments.insert);
   addin::Context context{target ? target->Vbe() : *vbe, ui, ide_options, &settings,
                          &session.Files(), &host};
   builders::ProcedureTarget module;
@@ -91,7 +83,7 @@ int RunProcedureBuilder(const GlobalOptions& globals, const ProcedureArguments& 
     std::cout.write(code.data(), static_cast<std::streamsize>(code.size()));
     return kDone;
   }
-  InsertIntoModule(globals, arguments, dialog.Code(), dialog.Procedure());
+  InsertIntoModule(globals, *target, dialog.Code(), dialog.Procedure());
   return kDone;
 }
 
@@ -119,9 +111,9 @@ codegen::clsArgument ArgumentFrom(std::string_view text, int position) {
 std::string OneLine(std::string text) { return ReplaceAll(text, "\r\n", " "); }
 
 int RunProcedure(const GlobalOptions& globals, const ProcedureArguments& arguments) {
-  if (!arguments.insert.empty() && !HasPosition(arguments.position))
-    throw UsageError("--insert needs the caret: --caret L:C");
-  if (!arguments.answers.empty()) return RunProcedureBuilder(globals, arguments);
+  platform::StdFileSystem files;
+  std::optional<SourceSession> target = OpenInsertTarget(files, arguments.insert);
+  if (!arguments.answers.empty()) return RunProcedureBuilder(globals, arguments, target);
   if (arguments.name.empty()) throw UsageError("procedure needs --name, or --answers");
   if (arguments.type != "Sub" && arguments.type != "Function" && arguments.type != "Property")
     throw UsageError("--type must be Sub, Function or Property");
@@ -167,8 +159,8 @@ int RunProcedure(const GlobalOptions& globals, const ProcedureArguments& argumen
   }
   procedure.SetEnvironment(std::move(environment));
   const std::string code = procedure.GenerateCode();
-  if (!arguments.insert.empty()) {
-    InsertIntoModule(globals, arguments, code, procedure);
+  if (target) {
+    InsertIntoModule(globals, *target, code, procedure);
     return kDone;
   }
   std::cout.write(code.data(), static_cast<std::streamsize>(code.size()));
@@ -197,9 +189,8 @@ Command AddProcedureCommand(CLI::App& app) {
   command->add_flag("--error-handler", a->error_handler, "Merge the error handler");
   command->add_flag("--return-line", a->return_line, "Merge the return line");
   command->add_flag("--hourglass", a->hourglass, "Merge the hourglass lines of the host");
-  command->add_option("-i,--insert", a->insert,
-                      "Insert into this module at the caret, below the procedure there");
-  AddPositionOptions(*command, a->position);
+  AddInsertOptions(*command, a->insert,
+                   "Insert into this module at the caret, below the procedure there");
   command->add_option("--answers", a->answers,
                       "A JSON answer file for the dialogs \"Add Procedure\" and \"Argument\"");
   return {command, [a](const GlobalOptions& globals) { return RunProcedure(globals, *a); }};

@@ -1,5 +1,6 @@
 #include "cli/source_session.h"
 
+#include <iostream>
 #include <ostream>
 
 #include <nlohmann/json.hpp>
@@ -43,6 +44,27 @@ void SourceSession::WriteResult(const OutputOptions& output, bool json, std::ost
     out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   }
   out.flush();
+}
+
+void AddInsertOptions(CLI::App& command, InsertOptions& options, const std::string& help) {
+  command.add_option("-i,--insert", options.file, help);
+  AddPositionOptions(command, options.position);
+}
+
+std::optional<SourceSession> OpenInsertTarget(platform::FileSystem& files,
+                                              const InsertOptions& options) {
+  std::optional<SourceSession> target;
+  if (options.file.empty()) return target;
+  if (!HasPosition(options.position)) throw UsageError("--insert needs the caret: --caret L:C");
+  target.emplace(files, options.file);
+  target->Pane()->SetSelection(ResolvePosition(options.position, *target->Pane()->CodeModule()));
+  return target;
+}
+
+void WriteInsertTarget(SourceSession& target, bool json) {
+  OutputOptions output;
+  output.in_place = true;
+  target.WriteResult(output, json, std::cout);
 }
 
 std::string CodeAsJson(ide::ICodeModule& module, const ide::TextRange& selection) {

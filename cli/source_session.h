@@ -5,10 +5,12 @@
 
 #include <iosfwd>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include <CLI/CLI.hpp>
 
+#include "cli/positions.h"
 #include "ide/memory/memory_component.h"
 #include "ide/memory/memory_project.h"
 #include "ide/memory/memory_vbe.h"
@@ -28,7 +30,7 @@ class SourceSession {
   // Raises UsageError when the file cannot be read or is no source file.
   SourceSession(platform::FileSystem& files, const std::string& path);
 
-  ide::IVbe& Vbe() { return *vbe_; }
+  ide::memory::MemoryVbe& Vbe() { return *vbe_; }
   std::shared_ptr<ide::ICodePane> Pane() { return pane_; }
   std::shared_ptr<ide::memory::MemoryComponent> Component() { return component_; }
 
@@ -43,6 +45,23 @@ class SourceSession {
   std::shared_ptr<ide::memory::MemoryComponent> component_;
   std::shared_ptr<ide::ICodePane> pane_;
 };
+
+// -i/--insert FILE with the caret in it (--caret, --select): the module a
+// builder writes into, as the add-in writes into the active code pane.
+struct InsertOptions {
+  std::string file;
+  PositionOptions position;
+};
+
+void AddInsertOptions(CLI::App& command, InsertOptions& options, const std::string& help);
+
+// FILE opened with its pane active and the caret the options give; nullopt
+// without -i. Raises UsageError when -i comes without a position.
+std::optional<SourceSession> OpenInsertTarget(platform::FileSystem& files,
+                                              const InsertOptions& options);
+
+// Rewrites the file; with `json` prints its lines and the caret.
+void WriteInsertTarget(SourceSession& target, bool json);
 
 // The code lines and the selection as the tool prints them with --json.
 std::string CodeAsJson(ide::ICodeModule& module, const ide::TextRange& selection);

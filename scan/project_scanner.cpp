@@ -53,8 +53,13 @@ void ScanComponent(const std::string& project, ide::IComponent& component,
   const auto code = component.CodeModule();
   if (!code) return;
   ModuleScan scan = ScanCodeModule(*code);
+  // A class's public variables are its properties: they need an object.
+  const auto is_global_variable = [&](const Declaration& declaration) {
+    return declaration.kind == DeclKind::kVariable && declaration.scope == DeclScope::kGlobal &&
+           !IsClassLike(type);
+  };
   for (Declaration& declaration : scan.declarations)
-    if (ForTheProject(declaration))
+    if (ForTheProject(declaration) || is_global_variable(declaration))
       symbols.push_back(SymbolOf(project, module, std::move(declaration)));
   for (const ScannedProc& proc : scan.procedures) {
     if (proc.scope != DeclScope::kGlobal) continue;

@@ -1,8 +1,9 @@
 // The project scanner: what the open projects declare for the whole project
 // to use (enums with their members, user-defined types, module-level
-// constants, classes and public procedures), each with the project and
-// module that declare it. Every module's text is read once, so a scan is
-// linear in the size of the projects.
+// constants, the public variables of standard modules, classes and public
+// procedures), each with the project and module that declare it. Every
+// module's text is read once, so a scan is linear in the size of the
+// projects.
 #pragma once
 
 #include <string>

@@ -434,7 +434,7 @@ void DialogWindow::Browse(std::size_t index) {
     OPENFILENAMEW open{};
     open.lStructSize = sizeof open;
     open.hwndOwner = dialog_;
-    open.lpstrFilter = L"All files (*.*)\0*.*\0";
+    open.lpstrFilter = L"All Files\0*.*\0";
     open.lpstrFile = path.data();
     open.nMaxFile = static_cast<DWORD>(path.size());
     open.lpstrTitle = caption.c_str();

@@ -6,8 +6,10 @@
 #include <set>
 
 #include "addin/declaration_builders.h"
+#include "addin/explicit_arguments.h"
 #include "addin/fragment_commands.h"
 #include "addin/import_file.h"
+#include "addin/insert_variable.h"
 #include "addin/tool_commands.h"
 #include "tests/addin/connect_fixture.h"
 #include "tests/support/code_lines.h"
@@ -74,12 +76,15 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
     // Error handling first says that the project lacks its error module.
     const bool asks_for_form = row.run == RunVerifyShortcuts;
     const bool misses_error_module = row.argument == "ErrorHandling";
+    // No call stands at the caret: its procedure is missing.
+    const bool misses_call = row.run == RunExplicitArguments;
     // Without a dialog host the builders and the Help windows say so or
     // show their text in a message box.
     const bool needs_dialogs = row.run == RunAddProcedure || row.run == RunCodeLineBuilder ||
                                row.run == RunTipOfTheDay || row.run == RunAbout;
     ASSERT_EQ(ui_.boxes_shown.size(),
-              boxes_before + (asks_for_form || misses_error_module || needs_dialogs ? 1 : 0));
+              boxes_before +
+                  (asks_for_form || misses_error_module || misses_call || needs_dialogs ? 1 : 0));
     if (asks_for_form) {
       EXPECT_EQ(ui_.boxes_shown.back().text, "You must select a form!");
     }
@@ -104,7 +109,8 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
                                        RunVerifyShortcuts, RunSettingsDialog, RunAddVariable,
                                        RunAddConstant, RunAddProperty, RunNewBlock,
                                        RunAddBlockItem, RunCodeLineBuilder, RunTipOfTheDay,
-                                       RunAbout, RunImportFile}));
+                                       RunAbout, RunImportFile, RunInsertVariable,
+                                       RunExplicitArguments, RunAddPathConstant}));
 }
 
 TEST_F(ClickTest, CodeCommandsDoNothingWithoutACodeWindow) {

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "ide/command_bars.h"
 #include "ide/memory/memory_addins.h"
@@ -145,6 +147,33 @@ class HostDialogsTest : public ::testing::Test {
       EXPECT_EQ(::GetWindow(dialog, GW_OWNER), owner) << win::WideToUtf8(title);
     }
     return dialog != nullptr;
+  }
+
+  // Clicks a command and plays its dialog: types into the fields of those
+  // captions, saves the dialog before and after (SCREENSHOT and
+  // SCREENSHOT-filled) and confirms with OK. Gives the preview shown last.
+  std::wstring FillAndConfirm(const char* command, const wchar_t* title,
+                              const std::wstring& screenshot,
+                              const std::vector<std::pair<std::wstring, std::wstring>>& typed) {
+    HWND dialog = nullptr;
+    std::wstring preview;
+    DialogRobot robot({
+        [&] {
+          if (!Opened(dialog, title, main_window_.get())) return false;
+          Screenshot(dialog, screenshot.c_str());
+          for (const auto& [caption, text] : typed) TypeInto(ControlOf(dialog, caption), text);
+          return true;
+        },
+        [&] {
+          Screenshot(dialog, (screenshot + L"-filled").c_str());
+          preview = TextOf(ControlOf(dialog, L"Preview:"));
+          ClickButton(ChildWithText(dialog, L"OK"));
+          return true;
+        },
+    });
+    Click(command);
+    EXPECT_TRUE(robot.Finished() && !robot.GaveUp()) << robot.StepsDone();
+    return preview;
   }
 
   std::string Module() {

@@ -137,25 +137,8 @@ class DeclarationDialogsTest : public HostDialogsTest,
 TEST_P(DeclarationDialogsTest, OkWritesThePreview) {
   const DeclarationCase& c = GetParam();
   Connect(kCaller, 4, c.module, c.module == ide::ComponentType::kClassModule ? "Class1" : "Module1");
-  HWND dialog = nullptr;
-  std::wstring preview;
-  DialogRobot robot({
-      [&] {
-        if (!Opened(dialog, c.title, main_window_.get())) return false;
-        Screenshot(dialog, c.screenshot);
-        TypeInto(ControlOf(dialog, L"&Name:"), L"Count");
-        TypeInto(ControlOf(dialog, L"&Type:"), L"Long");
-        return true;
-      },
-      [&] {
-        Screenshot(dialog, (std::wstring(c.screenshot) + L"-filled").c_str());
-        preview = TextOf(ControlOf(dialog, L"Preview:"));
-        ClickButton(ChildWithText(dialog, L"OK"));
-        return true;
-      },
-  });
-  Click(c.command);
-  ASSERT_TRUE(robot.Finished() && !robot.GaveUp()) << robot.StepsDone();
+  const std::wstring preview = FillAndConfirm(c.command, c.title, c.screenshot,
+                                              {{L"&Name:", L"Count"}, {L"&Type:", L"Long"}});
   const std::string module = Module();
   EXPECT_NE(module.find(c.expected), std::string::npos) << module;
   EXPECT_NE(win::WideToUtf8(preview).find(c.expected), std::string::npos)
