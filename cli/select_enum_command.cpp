@@ -1,6 +1,6 @@
 // tavrin select-enum: the Select From Enum builder over the enums of a
-// module or a project (and, where the platform reads them, of the libraries
-// it references), answered from the options or an answer file.
+// module or a project, answered from the options or an answer file. The
+// libraries the project references are named as ones the tool cannot read.
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -23,9 +23,6 @@
 #include "platform/std_file_system.h"
 #include "platform/terminal_ui.h"
 #include "scan/module_text_scanner.h"
-#ifdef _WIN32
-#include "win/type_library_reader.h"
-#endif
 
 namespace tavrin::cli {
 namespace {
@@ -42,15 +39,6 @@ struct SelectEnumArguments {
   PositionOptions position;
   OutputOptions output;
 };
-
-// The reader of this platform: type libraries are read on Windows only.
-std::unique_ptr<scan::TypeLibraryReader> MakeTypeLibraryReader() {
-#ifdef _WIN32
-  return std::make_unique<win::WindowsTypeLibraryReader>();
-#else
-  return std::make_unique<scan::NoTypeLibraries>();
-#endif
-}
 
 // What a user would do in the dialog with these options.
 builders::DialogScript ScriptOf(const SelectEnumArguments& a, const builders::DeclarationTarget& target) {
@@ -101,8 +89,10 @@ int RunSelectEnum(const GlobalOptions& globals, const SelectEnumArguments& a) {
     if (!project) throw UsageError(project.error());
   }
 
-  const auto reader = MakeTypeLibraryReader();
-  scan::TypeLibraryScanner libraries(*reader);
+  // The tool stays portable (no Windows layer): it names the libraries it
+  // cannot read instead.
+  scan::NoTypeLibraries reader;
+  scan::TypeLibraryScanner libraries(reader);
   builders::ScriptedDialogHost host;
   addin::Context context{ide, ui, ide_options, &settings, &addin_session.Files(), &host};
   context.type_libraries = &libraries;

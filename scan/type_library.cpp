@@ -29,8 +29,8 @@ std::string LibraryReference::Label() const {
 
 Result<TypeLibrary> NoTypeLibraries::Read(const LibraryReference& reference) {
   return Error{"The type library " + reference.Label() +
-               " cannot be read on this platform: type libraries are read by the Windows "
-               "build only. Its classes and enums are not offered."};
+               " cannot be read on this platform: only the add-in reads type libraries, "
+               "through Windows. Its classes and enums are not offered."};
 }
 
 std::vector<LibraryReference> LibraryReferencesOf(ide::IProject& project) {

@@ -47,7 +47,8 @@ class TypeLibraryReader {
   virtual Result<TypeLibrary> Read(const LibraryReference& reference) = 0;
 };
 
-// The reader where no type library can be read (the tool off Windows).
+// The reader where no type library can be read (the tool, which has no
+// Windows layer).
 class NoTypeLibraries : public TypeLibraryReader {
  public:
   Result<TypeLibrary> Read(const LibraryReference& reference) override;

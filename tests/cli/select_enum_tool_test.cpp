@@ -41,7 +41,7 @@ TEST_F(SelectEnumToolTest, WritesTheBlockAndNamesTheLibrariesItCannotRead) {
        "Select Case s\r\n    Case Small\r\n        \r\n    Case Large\r\n        \r\n"
        "End Select\r\n",
        "tavrin: The type library OLE Automation (stdole2.tlb) cannot be read on this platform: "
-       "type libraries are read by the Windows build only. Its classes and enums are not "
+       "only the add-in reads type libraries, through Windows. Its classes and enums are not "
        "offered.\ntavrin: The type library TABCTL32 (TABCTL32.OCX) cannot be read"},
       {{module_, "--caret", "6:5", "-i", "--enum", "esize", "--case-else", "Stop"}, 0, "", ""},
       {{module_, "--caret", "6:5", "--enum", "eColour"}, 2, "",
