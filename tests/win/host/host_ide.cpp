@@ -246,7 +246,7 @@ ComPtr<IDispatch> MakeReferences(std::shared_ptr<IProject> project) {
        Method(L"Remove", 1, 1, [references](HostCall& call) {
          const auto identity = std::static_pointer_cast<IReference>(
              HostIdentity(call.Object(0).get()));
-         if (!identity) throw Error(13, "Type mismatch");
+         if (!identity) throw ide::Error(13, "Type mismatch");
          references->Remove(*identity);
          return Variant();
        })});
