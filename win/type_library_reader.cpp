@@ -96,7 +96,7 @@ std::string TypeName(ITypeInfo& info, const TYPEDESC& type) {
       ComPtr<ITypeInfo> referenced;
       if (FAILED(info.GetRefTypeInfo(type.hreftype, referenced.put())) || !referenced)
         return "Variant";
-      return MemberName(*referenced, MEMBERID_NIL);
+      return MemberName(*referenced.get(), MEMBERID_NIL);
     }
     default: return "Variant";
   }
@@ -110,7 +110,9 @@ std::string ValueText(const VARIANT& value) {
     return text + "\"";
   }
   Variant converted;
-  if (FAILED(::VariantChangeTypeEx(converted.get(), &value, LOCALE_INVARIANT, 0, VT_BSTR)))
+  // The source is only read; the declaration lacks its const.
+  if (FAILED(::VariantChangeTypeEx(converted.get(), const_cast<VARIANT*>(&value),
+                                   LOCALE_INVARIANT, 0, VT_BSTR)))
     return {};
   return BstrToUtf8(converted.get()->bstrVal);
 }
@@ -232,7 +234,7 @@ Result<scan::TypeLibrary> WindowsTypeLibraryReader::Read(const scan::LibraryRefe
   const UINT count = library->GetTypeInfoCount();
   for (UINT i = 0; i < count; ++i) {
     ComPtr<ITypeInfo> info;
-    if (SUCCEEDED(library->GetTypeInfo(i, info.put())) && info) ReadType(*info, read.members);
+    if (SUCCEEDED(library->GetTypeInfo(i, info.put())) && info) ReadType(*info.get(), read.members);
   }
   return read;
 }
