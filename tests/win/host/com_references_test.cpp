@@ -48,7 +48,9 @@ TEST(ComReferences, ReadAddAndRemoveThroughDispatch) {
     }
     references->Remove(*read);
     EXPECT_EQ(project->ReferenceList().size(), 1u);
-    EXPECT_EQ(references->Item(1)->Guid(), "{11111111-2222-3333-4444-555555555555}");
+    // The collection read again shows the change.
+    EXPECT_EQ(vbe->VBProjects()->Item(1)->References()->Item(1)->Guid(),
+              "{11111111-2222-3333-4444-555555555555}");
   }
   EXPECT_EQ(LiveHostObjects(), baseline);
   ::CoUninitialize();
