@@ -9,6 +9,7 @@
 #include "addin/fragment_commands.h"
 #include "addin/import_file.h"
 #include "addin/insert_variable.h"
+#include "addin/select_enum_command.h"
 #include "addin/tool_commands.h"
 
 namespace tavrin::addin {
@@ -129,7 +130,7 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(2, 158, kPlain, "mnuhSelectCase_Click", RunCodeLines, "Select Case"),
     Entry(2, 159, kPlain, "mnuhSelectCaseElse_Click", RunCodeLines, "Select Case Else"),
     Entry(2, 169, kPlain, "mnuhSelectCaseUcase_Click", RunCodeLines, "Select Case UCase"),
-    Entry(2, 160, kPlain, "mnuhSelectFromCustomEnum_Click"),
+    Entry(2, 160, kPlain, "mnuhSelectFromCustomEnum_Click", RunSelectFromEnum),
     Popup(1, 142),  // "&For/While"
     Entry(2, 163, kPlain, "mnuhForEachNext_Click", RunCodeLines, "ForEachNext"),
     Entry(2, 164, kPlain, "mnuhForNext_Click", RunCodeLines, "ForNext"),

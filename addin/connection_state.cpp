@@ -15,6 +15,10 @@ ConnectionState::ConnectionState(const HostServices& services, std::shared_ptr<i
       context_{*vbe_,     services_.ui,     services_.ide_options,
                &settings_, &services_.files, services_.dialogs} {
   context_.profiles = &services_.profiles;
+  if (services_.type_library_reader) {
+    type_libraries_.emplace(*services_.type_library_reader);
+    context_.type_libraries = &*type_libraries_;
+  }
 }
 
 settings::SettingsServices ConnectionState::SettingsServices() const {

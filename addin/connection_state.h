@@ -5,6 +5,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "addin/context.h"
@@ -33,6 +34,8 @@ struct HostServices {
   std::string addin_folder;
   // Shows the builders' dialogs; null where the host has none.
   builders::DialogHost* dialogs = nullptr;
+  // Reads type libraries; null: the libraries' members are not offered.
+  scan::TypeLibraryReader* type_library_reader = nullptr;
 };
 
 // The marker file in the code root that adds the control builder to the
@@ -79,6 +82,8 @@ class ConnectionState {
   // host's own settings dialog otherwise.
   mutable builders::ModelSettingsDialog settings_dialog_;
   fragments::Settings settings_;
+  // What the type libraries gave, kept for the connection.
+  std::optional<scan::TypeLibraryScanner> type_libraries_;
   std::shared_ptr<ide::IVbe> vbe_;
   std::shared_ptr<ide::IAddIn> add_in_;
   Context context_;

@@ -10,6 +10,7 @@
 #include "platform/ide_options.h"
 #include "platform/profile_file.h"
 #include "platform/ui.h"
+#include "scan/type_library.h"
 
 namespace tavrin::addin {
 
@@ -27,6 +28,9 @@ struct Context {
   // The add-in's INI files beyond the settings ("tvrvars.ini",
   // "tvrrefra.ini"); while null they are read with the portable reader.
   platform::ProfileFile* profiles = nullptr;
+  // Reads the projects' referenced type libraries for the builders' lists;
+  // while null the builders offer what the projects declare only.
+  scan::TypeLibraryScanner* type_libraries = nullptr;
 };
 
 }  // namespace tavrin::addin

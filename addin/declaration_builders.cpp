@@ -2,6 +2,7 @@
 
 #include "addin/pane_command.h"
 #include "addin/procedure_builder.h"
+#include "addin/referenced_libraries.h"
 #include "base/utf8.h"
 #include "base/text.h"
 #include "builders/block_dialogs.h"
@@ -98,6 +99,7 @@ builders::DeclarationTarget DeclarationTargetOf(Context& context) {
   target.selected_text = SelectedText(*module, selection);
   target.module = scan::ScanCodeModule(*module);
   target.project = scan::ScanProjects(context.vbe);
+  target.libraries = ReferencedLibrarySymbols(context);
   target.indent = IndentString(context.ide_options);
   target.declaration_indented = SettingsOf(context).YesNo(settings::Item::kDeclarationIndented);
   return target;

@@ -100,10 +100,14 @@ std::optional<std::string> NameClash(const DeclarationTarget& target, std::strin
 std::vector<std::string> TypeChoices(const DeclarationTarget& target) {
   std::vector<std::string> types = SimpleTypes();
   types.push_back("Collection");
-  for (const std::string& name : scan::ProjectTypeNames(target.project))
+  const auto add = [&types](const std::string& name) {
     if (std::none_of(types.begin(), types.end(),
                      [&](const std::string& known) { return EqualsIgnoreCase(known, name); }))
       types.push_back(name);
+  };
+  for (const std::string& name : scan::ProjectTypeNames(target.project)) add(name);
+  for (const scan::ProjectSymbol& symbol : target.libraries)
+    if (symbol.declaration.kind == DeclKind::kClass) add(symbol.declaration.name);
   return types;
 }
 
@@ -120,12 +124,13 @@ bool IsSimpleType(std::string_view type) {
 bool IsClassType(const DeclarationTarget& target, std::string_view type) {
   const std::string_view name = TrimBlanks(type);
   if (name.empty() || IsSimpleType(name)) return false;
-  return std::none_of(target.project.begin(), target.project.end(),
-                      [&](const scan::ProjectSymbol& symbol) {
-                        const DeclKind kind = symbol.declaration.kind;
-                        return (kind == DeclKind::kEnum || kind == DeclKind::kType) &&
-                               EqualsIgnoreCase(symbol.declaration.name, name);
-                      });
+  const auto is_enum_or_type = [&](const scan::ProjectSymbol& symbol) {
+    const DeclKind kind = symbol.declaration.kind;
+    return (kind == DeclKind::kEnum || kind == DeclKind::kType) &&
+           EqualsIgnoreCase(symbol.declaration.name, name);
+  };
+  return std::none_of(target.project.begin(), target.project.end(), is_enum_or_type) &&
+         std::none_of(target.libraries.begin(), target.libraries.end(), is_enum_or_type);
 }
 
 std::optional<std::string> TypeProblem(std::string_view type) {

@@ -20,6 +20,9 @@ struct DeclarationTarget {
   int caret_line = 1;
   scan::ModuleScan module;
   std::vector<scan::ProjectSymbol> project;  // every open project
+  // The members of the libraries the projects reference (type library
+  // scanner); their `project` is the library's name.
+  std::vector<scan::ProjectSymbol> libraries;
   std::string indent = "    ";               // the IDE's indent unit
   bool declaration_indented = true;          // the `Declaration Indented` setting
   std::string selected_text;                 // the selection, when on one line
@@ -50,12 +53,13 @@ Insertion PlaceDeclaration(const DeclarationTarget& target, scan::DeclScope scop
 std::optional<std::string> NameClash(const DeclarationTarget& target, std::string_view name,
                                      scan::DeclScope scope);
 
-// The types the type combos offer: the simple types, Collection, then the
-// projects' classes, enums and types.
+// The types the type combos offer: the simple types, Collection, the
+// projects' classes, enums and types, then the referenced libraries'
+// classes.
 std::vector<std::string> TypeChoices(const DeclarationTarget& target);
 
 // True when `type` names a class (As New is possible): neither a simple type
-// nor Object nor Variant nor an enum or type of the projects.
+// nor Object nor Variant nor an enum or type of the projects or libraries.
 bool IsClassType(const DeclarationTarget& target, std::string_view type);
 
 // True for a simple type of the language (Variant and Object included).

@@ -42,6 +42,7 @@ Command AddConstantCommand(CLI::App& app);
 Command AddPropertyCommand(CLI::App& app);
 Command AddEnumCommand(CLI::App& app);
 Command AddTypeCommand(CLI::App& app);
+Command AddSelectEnumCommand(CLI::App& app);
 Command AddFragmentsCommand(CLI::App& app);
 Command AddFragmentCommand(CLI::App& app);
 

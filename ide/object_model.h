@@ -29,6 +29,7 @@ class IControl;
 class IProperty;
 class IAddIn;
 class IUserDocument;
+class IReferences;
 class ICommandBars;  // ide/command_bars.h
 class IEvents;       // ide/events.h
 struct Picture;      // ide/command_bars.h
@@ -259,6 +260,40 @@ class IComponents : public ICollection<IComponent> {
   virtual std::shared_ptr<IComponent> Import(std::string_view path) = 0;
 };
 
+// vbext_RefKind.
+enum class ReferenceKind { kTypeLib = 0, kProject = 1 };
+
+// A library or project the project references (VBProject.References).
+class IReference {
+ public:
+  virtual ~IReference() = default;
+  virtual std::string Name() = 0;         // the library's name: "stdole"
+  virtual std::string Description() = 0;  // "OLE Automation"
+  virtual std::string Guid() = 0;         // "{00020430-...}"; empty for a project
+  virtual int Major() = 0;
+  virtual int Minor() = 0;
+  virtual std::string FullPath() = 0;
+  virtual ReferenceKind Type() = 0;
+  // The IDE's own libraries (VBA, VB), which cannot be removed.
+  virtual bool BuiltIn() = 0;
+  // The library is not found where the reference says.
+  virtual bool IsBroken() = 0;
+};
+
+// VBProject.References: the references, by position or by name, and the
+// changes the References dialog makes.
+class IReferences : public ICollection<IReference> {
+ public:
+  // A type library, executable or project file; a missing file raises
+  // ide::Error (53 or 48), a library already referenced 32813.
+  virtual std::shared_ptr<IReference> AddFromFile(std::string_view path) = 0;
+  // A registered type library by GUID and version.
+  virtual std::shared_ptr<IReference> AddFromGuid(std::string_view guid, int major,
+                                                  int minor) = 0;
+  // A built-in reference raises ide::Error.
+  virtual void Remove(IReference& reference) = 0;
+};
+
 class IProject {
  public:
   virtual ~IProject() = default;
@@ -266,6 +301,7 @@ class IProject {
   // The project file's full path; empty for a project never saved.
   virtual std::string FileName() = 0;
   virtual std::shared_ptr<IComponents> VBComponents() = 0;
+  virtual std::shared_ptr<IReferences> References() = 0;
 };
 
 class IVbe {

@@ -428,6 +428,9 @@ class ComProject : public ide::IProject, public ComWrapper {
     return std::make_shared<ComComponents>(
         object_.Wrap(object_.GetObject("VBComponents"), "VBComponents"));
   }
+  std::shared_ptr<ide::IReferences> References() override {
+    return MakeReferences(object_.Wrap(object_.GetObject("References"), "References"));
+  }
 };
 
 class ComVbe : public ide::IVbe {

@@ -19,6 +19,7 @@
 #include "win/private_profile_file.h"
 #include "win/registry_ide_options.h"
 #include "win/registry_settings_store.h"
+#include "win/type_library_reader.h"
 #include "win/windows_dialog_host.h"
 #include "win/windows_settings_dialog.h"
 #include "win/windows_shell.h"
@@ -73,6 +74,7 @@ class Connect final : public IDTExtensibility2, public RefCounted {
     PrivateProfileFile profiles;
     WindowsSettingsDialog settings_dialog;
     WindowsDialogHost dialogs;
+    WindowsTypeLibraryReader type_libraries;
     addin::Connect addin;
     std::optional<MessageTimer> watcher;
   };

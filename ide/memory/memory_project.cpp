@@ -8,6 +8,7 @@
 #include "ide/memory/memory_collection.h"
 #include "ide/memory/memory_component.h"
 #include "ide/memory/memory_events.h"
+#include "ide/memory/memory_references.h"
 #include "ide/memory/memory_vbe.h"
 #include "ide/memory/source_file.h"
 
@@ -41,10 +42,87 @@ class MemoryComponents : public ListCollection<IComponent, IComponents> {
   std::shared_ptr<MemoryProject> project_;
 };
 
+// References: the project's references now, and the project to change.
+class MemoryReferences : public ListCollection<IReference, IReferences> {
+ public:
+  explicit MemoryReferences(std::shared_ptr<MemoryProject> project)
+      : ListCollection(std::vector<std::shared_ptr<IReference>>(project->ReferenceList().begin(),
+                                                                project->ReferenceList().end()),
+                       [](IReference& reference) { return reference.Name(); }),
+        project_(std::move(project)) {}
+
+  std::shared_ptr<IReference> AddFromFile(std::string_view path) override {
+    return project_->AddReferenceFromFile(path);
+  }
+  std::shared_ptr<IReference> AddFromGuid(std::string_view guid, int major, int minor) override {
+    return project_->AddReferenceFromGuid(guid, major, minor);
+  }
+  void Remove(IReference& reference) override { project_->RemoveReference(reference); }
+
+ private:
+  std::shared_ptr<MemoryProject> project_;
+};
+
+[[noreturn]] void ThrowNameConflict() {
+  throw Error(32813, "Name conflicts with existing module, project, or object library");
+}
+
 }  // namespace
 
 std::shared_ptr<IComponents> MemoryProject::VBComponents() {
   return std::make_shared<MemoryComponents>(shared_from_this());
+}
+
+std::shared_ptr<IReferences> MemoryProject::References() {
+  return std::make_shared<MemoryReferences>(shared_from_this());
+}
+
+void MemoryProject::AddReference(std::shared_ptr<MemoryReference> reference) {
+  references_.push_back(std::move(reference));
+}
+
+std::shared_ptr<MemoryReference> MemoryProject::AddReferenceFromFile(std::string_view path) {
+  auto vbe = vbe_.lock();
+  if (!vbe) throw Error(75, "Path/File access error");
+  if (!vbe->FileSystemForIo().FileExists(path))
+    throw Error(53, "File not found: " + std::string(path));
+  VbpReference line;
+  line.path = std::string(path);
+  line.is_project = path.size() > 4 && EqualsIgnoreCase(path.substr(path.size() - 4), ".vbp");
+  auto reference = MemoryReference::FromLine(std::move(line));
+  for (const auto& each : references_) {
+    if (EqualsIgnoreCase(each->FullPath(), path) || EqualsIgnoreCase(each->Name(), reference->Name()))
+      ThrowNameConflict();
+  }
+  references_.push_back(reference);
+  references_changed_ = true;
+  return reference;
+}
+
+std::shared_ptr<MemoryReference> MemoryProject::AddReferenceFromGuid(std::string_view guid,
+                                                                     int major, int minor) {
+  for (const auto& each : references_) {
+    if (EqualsIgnoreCase(each->Guid(), guid)) ThrowNameConflict();
+  }
+  VbpReference line;
+  line.guid = std::string(guid);
+  line.major = major;
+  line.minor = minor;
+  // No registry tells where the library lives: the reference is broken.
+  auto reference = std::make_shared<MemoryReference>(std::move(line), std::string(guid),
+                                                     false, true);
+  references_.push_back(reference);
+  references_changed_ = true;
+  return reference;
+}
+
+void MemoryProject::RemoveReference(IReference& reference) {
+  const auto found = std::find_if(references_.begin(), references_.end(),
+                                  [&](const auto& each) { return each.get() == &reference; });
+  if (found == references_.end()) throw Error(5, "Invalid procedure call or argument");
+  if ((*found)->BuiltIn()) throw Error(5, "Can't remove a default reference");
+  references_.erase(found);
+  references_changed_ = true;
 }
 
 std::shared_ptr<MemoryComponent> MemoryProject::AddNew(ComponentType type) {
@@ -119,6 +197,18 @@ Result<std::shared_ptr<MemoryComponent>> MemoryProject::AddSourceFile(std::strin
 }
 
 Status MemoryProject::Save(platform::FileSystem& file_system) {
+  if (references_changed_) {
+    // Reference= lines first, then Object= lines, as the IDE writes them.
+    std::vector<std::string> lines;
+    for (const bool controls : {false, true}) {
+      for (const auto& reference : references_) {
+        if (!reference->BuiltIn() && reference->Line().is_control == controls)
+          lines.push_back(VbpReferenceLine(reference->Line()));
+      }
+    }
+    vbp_bytes_ = ReplaceVbpReferences(vbp_bytes_, lines);
+    references_changed_ = false;
+  }
   if (!file_name_.empty()) {
     if (Status status = file_system.WriteFile(file_name_, vbp_bytes_); !status) return status;
   }

@@ -14,6 +14,7 @@
 namespace tavrin::ide::memory {
 
 class MemoryComponent;
+class MemoryReference;
 class MemoryVbe;
 
 class MemoryProject : public IProject, public std::enable_shared_from_this<MemoryProject> {
@@ -26,6 +27,7 @@ class MemoryProject : public IProject, public std::enable_shared_from_this<Memor
   std::string Name() override { return name_; }
   std::string FileName() override { return file_name_; }
   std::shared_ptr<IComponents> VBComponents() override;
+  std::shared_ptr<IReferences> References() override;
 
   // A new component with the header the IDE gives that type; the code is
   // split at line breaks as InsertLines splits it (empty: no lines).
@@ -41,6 +43,18 @@ class MemoryProject : public IProject, public std::enable_shared_from_this<Memor
   std::shared_ptr<MemoryComponent> Import(std::string_view path);
   const std::vector<std::shared_ptr<MemoryComponent>>& Components() const { return components_; }
 
+  // References.AddFromFile, AddFromGuid and Remove. A changed list is
+  // written back to the project file by Save. `AddReference` adds one as
+  // the project file named it (loading, tests).
+  void AddReference(std::shared_ptr<MemoryReference> reference);
+  std::shared_ptr<MemoryReference> AddReferenceFromFile(std::string_view path);
+  std::shared_ptr<MemoryReference> AddReferenceFromGuid(std::string_view guid, int major,
+                                                        int minor);
+  void RemoveReference(IReference& reference);
+  const std::vector<std::shared_ptr<MemoryReference>>& ReferenceList() const {
+    return references_;
+  }
+
   // Writes the project file (if any) and every component that has a file.
   Status Save(platform::FileSystem& file_system);
 
@@ -50,6 +64,8 @@ class MemoryProject : public IProject, public std::enable_shared_from_this<Memor
   std::string file_name_;
   std::string vbp_bytes_;
   std::vector<std::shared_ptr<MemoryComponent>> components_;
+  std::vector<std::shared_ptr<MemoryReference>> references_;
+  bool references_changed_ = false;
 };
 
 }  // namespace tavrin::ide::memory

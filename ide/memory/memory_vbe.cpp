@@ -11,6 +11,7 @@
 #include "ide/memory/memory_project.h"
 #include "ide/memory/memory_window.h"
 #include "ide/memory/send_keys.h"
+#include "ide/memory/memory_references.h"
 #include "ide/memory/vbp_file.h"
 
 namespace tavrin::ide::memory {
@@ -183,6 +184,8 @@ Result<std::shared_ptr<MemoryProject>> MemoryVbe::OpenProject(platform::FileSyst
   auto project = std::make_shared<MemoryProject>(
       weak_from_this(), vbp.name.empty() ? "Project1" : vbp.name, std::string(vbp_path),
       std::move(*bytes));
+  for (const VbpReference& reference : vbp.references)
+    project->AddReference(MemoryReference::FromLine(reference));
   for (const std::string& member : vbp.members) {
     const std::string path = ResolveMemberPath(vbp_path, member);
     Result<std::string> source = file_system.ReadFile(path);

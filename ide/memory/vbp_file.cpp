@@ -1,5 +1,7 @@
 #include "ide/memory/vbp_file.h"
 
+#include <optional>
+
 #include "base/text.h"
 
 namespace tavrin::ide::memory {
@@ -21,6 +23,79 @@ bool IsAbsolute(std::string_view path) {
   return path.starts_with('/') || (path.size() >= 2 && path[1] == ':');
 }
 
+int HexNumber(std::string_view text) {
+  int value = 0;
+  for (char c : text) {
+    const int digit = c >= '0' && c <= '9'   ? c - '0'
+                      : c >= 'a' && c <= 'f' ? c - 'a' + 10
+                      : c >= 'A' && c <= 'F' ? c - 'A' + 10
+                                             : -1;
+    if (digit < 0 || value > 0xFFFF) break;
+    value = value * 16 + digit;
+  }
+  return value;
+}
+
+// "2.0" → 2 and 0.
+void ReadVersion(std::string_view text, VbpReference& reference) {
+  const auto dot = text.find('.');
+  reference.major = HexNumber(text.substr(0, dot));
+  if (dot != std::string_view::npos) reference.minor = HexNumber(text.substr(dot + 1));
+}
+
+// The fields between '#' signs; the last one takes the rest of the line.
+std::vector<std::string_view> HashFields(std::string_view text, std::size_t count) {
+  std::vector<std::string_view> fields;
+  while (fields.size() + 1 < count) {
+    const auto hash = text.find('#');
+    if (hash == std::string_view::npos) break;
+    fields.push_back(text.substr(0, hash));
+    text.remove_prefix(hash + 1);
+  }
+  fields.push_back(text);
+  return fields;
+}
+
+std::optional<VbpReference> ReferenceOf(std::string_view value) {
+  VbpReference reference;
+  if (value.size() < 3 || value[0] != '*' || value[1] != '\\') return std::nullopt;
+  if (value[2] == 'A' || value[2] == 'a') {
+    reference.is_project = true;
+    reference.path = std::string(value.substr(3));
+    return reference;
+  }
+  if (value[2] != 'G' && value[2] != 'g') return std::nullopt;
+  const auto fields = HashFields(value.substr(3), 5);
+  reference.guid = std::string(fields[0]);
+  if (fields.size() > 1) ReadVersion(fields[1], reference);
+  if (fields.size() > 3) reference.path = std::string(fields[3]);
+  if (fields.size() > 4) reference.description = std::string(fields[4]);
+  return reference;
+}
+
+std::optional<VbpReference> ObjectOf(std::string_view value) {
+  VbpReference reference;
+  reference.is_control = true;
+  const auto semicolon = value.find(';');
+  if (semicolon != std::string_view::npos)
+    reference.path = std::string(TrimBlanksAndTabs(value.substr(semicolon + 1)));
+  const auto fields = HashFields(value.substr(0, semicolon), 3);
+  reference.guid = std::string(TrimBlanksAndTabs(fields[0]));
+  if (!reference.guid.starts_with('{')) return std::nullopt;
+  if (fields.size() > 1) ReadVersion(fields[1], reference);
+  return reference;
+}
+
+std::string Hex(int value) {
+  static constexpr char kDigits[] = "0123456789abcdef";
+  std::string text;
+  do {
+    text.insert(text.begin(), kDigits[value % 16]);
+    value /= 16;
+  } while (value > 0);
+  return text;
+}
+
 }  // namespace
 
 VbpFile ParseVbp(std::string_view text) {
@@ -34,6 +109,11 @@ VbpFile ParseVbp(std::string_view text) {
     std::string_view value = TrimBlanksAndTabs(line.substr(equals + 1));
     if (EqualsIgnoreCase(key, "Name")) {
       vbp.name = Unquote(value);
+      continue;
+    }
+    if (EqualsIgnoreCase(key, "Reference") || EqualsIgnoreCase(key, "Object")) {
+      auto reference = EqualsIgnoreCase(key, "Object") ? ObjectOf(value) : ReferenceOf(value);
+      if (reference) vbp.references.push_back(std::move(*reference));
       continue;
     }
     const bool named = EqualsIgnoreCase(key, "Module") || EqualsIgnoreCase(key, "Class");
@@ -54,6 +134,46 @@ VbpFile ParseVbp(std::string_view text) {
     vbp.members.push_back(std::move(path));
   }
   return vbp;
+}
+
+std::string VbpReferenceLine(const VbpReference& reference) {
+  if (reference.is_project) return "Reference=*\\A" + reference.path;
+  if (reference.is_control)
+    return "Object=" + reference.guid + "#" + Hex(reference.major) + "." + Hex(reference.minor) +
+           "#0; " + reference.path;
+  return "Reference=*\\G" + reference.guid + "#" + Hex(reference.major) + "." +
+         Hex(reference.minor) + "#0#" + reference.path + "#" + reference.description;
+}
+
+std::string ReplaceVbpReferences(std::string_view vbp_bytes,
+                                 const std::vector<std::string>& lines) {
+  std::string out;
+  bool written = false;
+  bool in_project = true;
+  std::string_view rest = vbp_bytes;
+  std::string_view line_break = "\r\n";
+  const auto write_lines = [&] {
+    for (const std::string& line : lines) out.append(line).append(line_break);
+    written = true;
+  };
+  while (!rest.empty()) {
+    const auto end = rest.find('\n');
+    const std::string_view line = rest.substr(0, end == std::string_view::npos ? rest.size() : end + 1);
+    rest.remove_prefix(line.size());
+    const std::string_view text = TrimBlanksAndTabs(line.substr(0, line.find_first_of("\r\n")));
+    if (text.starts_with('[')) in_project = false;
+    if (line.ends_with("\n")) line_break = line.ends_with("\r\n") ? "\r\n" : "\n";
+    if (in_project &&
+        (StartsWithIgnoreCase(text, "Reference=") || StartsWithIgnoreCase(text, "Object="))) {
+      if (!written) write_lines();
+      continue;
+    }
+    out.append(line);
+    // Without a Reference= line, the references follow the first line (Type=).
+    if (!written && out.size() == line.size() && line.ends_with("\n")) write_lines();
+  }
+  if (!written) write_lines();
+  return out;
 }
 
 std::string ResolveMemberPath(std::string_view vbp_path, std::string_view member) {

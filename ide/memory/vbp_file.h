@@ -1,5 +1,5 @@
 // The parts of a .vbp project file that the in-memory IDE needs: the
-// project's name and the files of its components.
+// project's name, the files of its components and its references.
 #pragma once
 
 #include <string>
@@ -8,15 +8,38 @@
 
 namespace tavrin::ide::memory {
 
+// A `Reference=` line (a type library `*\G{GUID}#maj.min#lcid#path#desc`,
+// or a project `*\Apath`) or an `Object=` line (a control library
+// `{GUID}#maj.min#lcid; file`). Versions are hexadecimal, as the IDE writes
+// them.
+struct VbpReference {
+  bool is_project = false;
+  bool is_control = false;  // from an Object= line
+  std::string guid;
+  int major = 0;
+  int minor = 0;
+  std::string path;  // as written
+  std::string description;
+};
+
 struct VbpFile {
   std::string name;                  // Name="Project1"; empty when absent
   std::vector<std::string> members;  // component files, as written, '/' separated
+  std::vector<VbpReference> references;
 };
 
 // Reads `Module=`, `Class=`, `Form=`, `UserControl=`, `PropertyPage=`,
 // `UserDocument=` and `Designer=` lines of the project section (before the
 // first [section]).
 VbpFile ParseVbp(std::string_view text);
+
+// The Reference= or Object= line of a reference.
+std::string VbpReferenceLine(const VbpReference& reference);
+
+// The project file with its Reference= and Object= lines replaced by
+// `lines` (in place of the first one, else after the first line); every
+// other byte kept.
+std::string ReplaceVbpReferences(std::string_view vbp_bytes, const std::vector<std::string>& lines);
 
 // A member path relative to the folder of the .vbp file.
 std::string ResolveMemberPath(std::string_view vbp_path, std::string_view member);

@@ -5,6 +5,7 @@
 
 #include <set>
 
+#include "addin/select_enum_command.h"
 #include "addin/declaration_builders.h"
 #include "addin/explicit_arguments.h"
 #include "addin/fragment_commands.h"
@@ -81,7 +82,8 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
     // Without a dialog host the builders and the Help windows say so or
     // show their text in a message box.
     const bool needs_dialogs = row.run == RunAddProcedure || row.run == RunCodeLineBuilder ||
-                               row.run == RunTipOfTheDay || row.run == RunAbout;
+                               row.run == RunTipOfTheDay || row.run == RunAbout ||
+                               row.run == RunSelectFromEnum;
     ASSERT_EQ(ui_.boxes_shown.size(),
               boxes_before +
                   (asks_for_form || misses_error_module || misses_call || needs_dialogs ? 1 : 0));
@@ -110,7 +112,8 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
                                        RunAddConstant, RunAddProperty, RunNewBlock,
                                        RunAddBlockItem, RunCodeLineBuilder, RunTipOfTheDay,
                                        RunAbout, RunImportFile, RunInsertVariable,
-                                       RunExplicitArguments, RunAddPathConstant}));
+                                       RunExplicitArguments, RunAddPathConstant,
+                                       RunSelectFromEnum}));
 }
 
 TEST_F(ClickTest, CodeCommandsDoNothingWithoutACodeWindow) {

@@ -212,8 +212,50 @@ ComPtr<IDispatch> MakeComponent(std::shared_ptr<IComponent> component) {
   }, component);
 }
 
+ComPtr<IDispatch> MakeReference(std::shared_ptr<IReference> reference) {
+  return MakeHostObject({
+      Property(L"Name", [reference] { return Variant::String(reference->Name()); }),
+      Property(L"Description", [reference] { return Variant::String(reference->Description()); }),
+      Property(L"Guid", [reference] { return Variant::String(reference->Guid()); }),
+      Property(L"Major", [reference] { return Variant::Long(reference->Major()); }),
+      Property(L"Minor", [reference] { return Variant::Long(reference->Minor()); }),
+      Property(L"FullPath", [reference] { return Variant::String(reference->FullPath()); }),
+      Property(L"Type",
+               [reference] { return Variant::Long(static_cast<long>(reference->Type())); }),
+      Property(L"BuiltIn", [reference] { return Variant::Bool(reference->BuiltIn()); }),
+      Property(L"IsBroken", [reference] { return Variant::Bool(reference->IsBroken()); }),
+  }, reference);
+}
+
+// References, with the methods of the References dialog.
+ComPtr<IDispatch> MakeReferences(std::shared_ptr<IProject> project) {
+  const auto references = project->References();
+  return MakeCollection<IReference>(
+      references, &MakeReference, [project] { return ObjectOf(project, &MakeProject); },
+      {Method(L"AddFromFile", 1, 1,
+              [references](HostCall& call) {
+                return ObjectOf(references->AddFromFile(call.String(0)), &MakeReference);
+              }),
+       Method(L"AddFromGuid", 3, 3,
+              [references](HostCall& call) {
+                return ObjectOf(references->AddFromGuid(call.String(0),
+                                                        static_cast<int>(call.Long(1)),
+                                                        static_cast<int>(call.Long(2))),
+                                &MakeReference);
+              }),
+       Method(L"Remove", 1, 1, [references](HostCall& call) {
+         const auto identity = std::static_pointer_cast<IReference>(
+             HostIdentity(call.Object(0).get()));
+         if (!identity) throw ide::Error(13, "Type mismatch");
+         references->Remove(*identity);
+         return Variant();
+       })});
+}
+
 ComPtr<IDispatch> MakeProject(std::shared_ptr<IProject> project) {
   return MakeHostObject({
+      Property(L"References",
+               [project] { return Variant::Object(MakeReferences(project).get()); }),
       Property(L"Name", [project] { return Variant::String(project->Name()); }),
       Property(L"FileName", [project] { return Variant::String(project->FileName()); }),
       Property(L"VBComponents",
