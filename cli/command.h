@@ -43,5 +43,6 @@ Command AddEnumCommand(CLI::App& app);
 Command AddTypeCommand(CLI::App& app);
 Command AddFragmentsCommand(CLI::App& app);
 Command AddFragmentCommand(CLI::App& app);
+Command AddClassCommand(CLI::App& app);
 
 }  // namespace tavrin::cli

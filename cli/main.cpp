@@ -51,7 +51,7 @@ int main(int argc, char **argv) {
       AddConstantCommand(app),   AddPropertyCommand(app),
       AddEnumCommand(app),       AddTypeCommand(app),
       AddCallCommand(app),       AddFragmentsCommand(app),
-      AddFragmentCommand(app)};
+      AddFragmentCommand(app),  AddClassCommand(app)};
 
   const std::vector<std::string> arguments = tavrin::platform::Utf8Arguments(argc, argv);
   std::vector<const char*> argument_pointers;

@@ -5,6 +5,7 @@
 
 #include <set>
 
+#include "addin/class_builder.h"
 #include "addin/declaration_builders.h"
 #include "addin/fragment_commands.h"
 #include "addin/import_file.h"
@@ -77,6 +78,7 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
     // Without a dialog host the builders and the Help windows say so or
     // show their text in a message box.
     const bool needs_dialogs = row.run == RunAddProcedure || row.run == RunCodeLineBuilder ||
+                               row.run == RunAddClass ||
                                row.run == RunTipOfTheDay || row.run == RunAbout;
     ASSERT_EQ(ui_.boxes_shown.size(),
               boxes_before + (asks_for_form || misses_error_module || needs_dialogs ? 1 : 0));
@@ -104,7 +106,7 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
                                        RunVerifyShortcuts, RunSettingsDialog, RunAddVariable,
                                        RunAddConstant, RunAddProperty, RunNewBlock,
                                        RunAddBlockItem, RunCodeLineBuilder, RunTipOfTheDay,
-                                       RunAbout, RunImportFile}));
+                                       RunAbout, RunImportFile, RunAddClass}));
 }
 
 TEST_F(ClickTest, CodeCommandsDoNothingWithoutACodeWindow) {
