@@ -33,8 +33,8 @@ std::pair<std::string, std::string> NameAndType(std::string_view typed) {
 }  // namespace
 
 std::string MissingTemplateMessage(std::string_view path) {
-  return "The collection class template was not found: " + std::string(path) +
-         ". Set its file under File Locations (Collection Class Template) in the settings.";
+  return "The collection class template was not found:\r\n" + std::string(path) +
+         "\r\nSet its file under File Locations (Collection Class Template) in the settings.";
 }
 
 ClassDialog::ClassDialog(ClassTarget target, settings::NamingRules rules,

@@ -35,7 +35,8 @@ struct ClassTarget {
   std::string template_path;
 };
 
-// "The collection class template was not found: <path>. ..."
+// "The collection class template was not found:", the path and where to
+// set it, one a line.
 std::string MissingTemplateMessage(std::string_view path);
 
 class ClassDialog : public DialogModel {

@@ -142,8 +142,8 @@ TEST_F(ClassBuilderTest, RefusesWhatCannotBeBuilt) {
     std::string refusal;
   } rows[] = {
       {{A::Text("name", "Orders"), A::Pick("kind", "Collection class"), A::Ok()}, false,
-       "The collection class template was not found: "
-       "/addin/vbcode/Templates/CollectionClass/CollectionClass.cls."},
+       "The collection class template was not found:\r\n"
+       "/addin/vbcode/Templates/CollectionClass/CollectionClass.cls\r\n"},
       {{A::Text("name", "Line"), A::Text("properties", "Total, total As Long"), A::Ok()}, true,
        "The property total is listed twice."},
       {{A::Text("name", "Line"), A::Text("properties", "Price As Cur rency"), A::Ok()}, true,
