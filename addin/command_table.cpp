@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "addin/class_builder.h"
 #include "addin/command_host.h"
 #include "addin/declaration_builders.h"
 #include "addin/explicit_arguments.h"
@@ -61,7 +62,7 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(0, 183, kPicture, "mnuhControlAdd_Click"),
     Entry(0, 182, kPicture, "mnuhInsertVariable_Click", RunInsertVariable),
     Entry(0, 101, kPicture | kGroup, "mnuhAddProcedure_Click", RunAddProcedure),
-    Entry(0, 104, kPicture, "mnuhAddClass_Click"),
+    Entry(0, 104, kPicture, "mnuhAddClass_Click", RunAddClass),
     Entry(0, 106, kPicture | kGroup, "mnuhCodeLines_Click", RunCodeLineBuilder),
     Entry(0, 181, kPicture, "mnuhFragmentAdd_Click", RunInsertFragment),
     Entry(0, 194, kPicture | kGroup, "mnuhDirectAccess_Click", RunShowToolWindow, "DirectAccess"),
@@ -119,7 +120,7 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(1, 139, kPlain, "mnuhWith_Click", RunCodeLines, "With"),
     Entry(1, 106, kPicture | kGroup, "mnuhTVRCodeLines_Click", RunCodeLineBuilder),
     Entry(1, 101, kPicture, "mnuhTVRAddProcedure_Click", RunAddProcedure),
-    Entry(1, 104, kPicture, "mnuhTVRAddClass_Click"),
+    Entry(1, 104, kPicture, "mnuhTVRAddClass_Click", RunAddClass),
     Entry(1, 183, kPicture | kTestingOnly, "mnuhTVRAddControl_Click"),
     Popup(1, 140, kGroup),  // "&If"
     Entry(2, 154, kPlain, "mnuhIfThen_Click", RunCodeLines, "If Then"),

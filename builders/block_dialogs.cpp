@@ -12,22 +12,6 @@ namespace {
 
 using scan::DeclKind;
 
-// Typed members: one a line or between commas, blanks trimmed, empty ones
-// left out.
-std::vector<std::string> SplitMembers(std::string_view text) {
-  std::vector<std::string> members;
-  for (std::string_view line : SplitAnyLineBreak(text)) {
-    std::size_t start = 0;
-    for (std::size_t i = 0; i <= line.size(); ++i) {
-      if (i < line.size() && line[i] != ',') continue;
-      const std::string_view member = TrimBlanks(line.substr(start, i - start));
-      if (!member.empty()) members.emplace_back(member);
-      start = i + 1;
-    }
-  }
-  return members;
-}
-
 // "Green = 5" → name and value; "X As Long" → name and type.
 std::pair<std::string, std::string> NameAndRest(std::string_view member, BlockKind kind) {
   const std::size_t split =
@@ -61,6 +45,20 @@ Field Scope(const DeclarationTarget& target) {
 }
 
 }  // namespace
+
+std::vector<std::string> SplitMembers(std::string_view text) {
+  std::vector<std::string> members;
+  for (std::string_view line : SplitAnyLineBreak(text)) {
+    std::size_t start = 0;
+    for (std::size_t i = 0; i <= line.size(); ++i) {
+      if (i < line.size() && line[i] != ',') continue;
+      const std::string_view member = TrimBlanks(line.substr(start, i - start));
+      if (!member.empty()) members.emplace_back(member);
+      start = i + 1;
+    }
+  }
+  return members;
+}
 
 std::string NoBlockMessage(BlockKind kind) {
   return kind == BlockKind::kEnum ? "This module declares no Enum to add a constant to."

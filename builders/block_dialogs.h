@@ -20,6 +20,10 @@ inline constexpr std::string_view kTypeItemDialogTitle = "Add Item to User-Defin
 
 enum class BlockKind { kEnum, kType };
 
+// Members typed in one box: one a line or between commas, blanks trimmed,
+// empty ones left out.
+std::vector<std::string> SplitMembers(std::string_view text);
+
 // Members are typed one per line or separated by commas: "Red, Green = 5"
 // for an enum ("Numbered" gives every member its value, counting on from
 // the last one given, from "Start" at first), "X As Long, Y As Long" for a

@@ -17,6 +17,18 @@ Field Check(std::string id, std::string caption, bool on) {
 
 }  // namespace
 
+void NameMemberAndArgument(PropertySpec& spec, const settings::NamingRules& rules,
+                           const settings::TypePrefixTable& prefixes) {
+  spec.member =
+      settings::ComposeName(spec.name, spec.type, settings::kScopeModule, false, rules, prefixes);
+  spec.argument =
+      settings::ComposeName(spec.name, spec.type, settings::kScopeByVal, false, rules, prefixes);
+  // A name typed in lower case keeps its case and gets no prefix: the
+  // member and the argument must still differ from the property.
+  if (EqualsIgnoreCase(spec.member, spec.name)) spec.member = "m_" + spec.name;
+  if (EqualsIgnoreCase(spec.argument, spec.name)) spec.argument = "New" + spec.name;
+}
+
 PropertyDialog::PropertyDialog(DeclarationTarget target, settings::NamingRules rules,
                                settings::TypePrefixTable prefixes,
                                const settings::ValueTable& values, std::string type)
@@ -62,14 +74,7 @@ PropertySpec PropertyDialog::Spec() const {
   spec.access = access.selected == 1   ? PropertyAccess::kReadOnly
                 : access.selected == 2 ? PropertyAccess::kWriteOnly
                                        : PropertyAccess::kReadWrite;
-  spec.member = settings::ComposeName(spec.name, spec.type, settings::kScopeModule, false, rules_,
-                                      prefixes_);
-  spec.argument = settings::ComposeName(spec.name, spec.type, settings::kScopeByVal, false, rules_,
-                                        prefixes_);
-  // A name typed in lower case keeps its case and gets no prefix: the
-  // member and the argument must still differ from the property.
-  if (EqualsIgnoreCase(spec.member, spec.name)) spec.member = "m_" + spec.name;
-  if (EqualsIgnoreCase(spec.argument, spec.name)) spec.argument = "New" + spec.name;
+  NameMemberAndArgument(spec, rules_, prefixes_);
   if (F("error_trap").checked) spec.error_trap = trap_.empty() ? "On Error GoTo ExitLabel" : trap_;
   if (F("procedure_constant").checked) spec.procedure_constant = procedure_constant_;
   spec.indent = target_.indent;

@@ -27,6 +27,11 @@ inline constexpr std::string_view kReadWrite = "Read and write";
 inline constexpr std::string_view kReadOnly = "Read-only";
 inline constexpr std::string_view kWriteOnly = "Write-only";
 
+// Names the private member (a module variable) and the Let/Set argument (a
+// ByVal argument) of the property `spec` names, by the naming rules.
+void NameMemberAndArgument(PropertySpec& spec, const settings::NamingRules& rules,
+                           const settings::TypePrefixTable& prefixes);
+
 class PropertyDialog : public DialogModel {
  public:
   PropertyDialog(DeclarationTarget target, settings::NamingRules rules,

@@ -45,5 +45,6 @@ Command AddTypeCommand(CLI::App& app);
 Command AddSelectEnumCommand(CLI::App& app);
 Command AddFragmentsCommand(CLI::App& app);
 Command AddFragmentCommand(CLI::App& app);
+Command AddClassCommand(CLI::App& app);
 
 }  // namespace tavrin::cli

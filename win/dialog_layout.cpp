@@ -172,9 +172,15 @@ class Layouter {
       place.browse = {right - kBrowseWidth, y, kBrowseWidth, kEditHeight};
     }
     // A captioned label shows its value as text in line with the caption.
-    place.control = field.kind == FieldKind::kLabel ? Box{control_x_, y + 3, width, kLineHeight}
-                                                    : Box{control_x_, y, width, kEditHeight};
-    return y + kEditHeight;
+    if (field.kind == FieldKind::kLabel) {
+      place.control = Box{control_x_, y + 3, width, kLineHeight};
+      return y + kEditHeight;
+    }
+    const int height = field.kind == FieldKind::kText && field.rows > 1
+                           ? field.rows * kLineHeight + 4
+                           : kEditHeight;
+    place.control = Box{control_x_, y, width, height};
+    return y + height;
   }
 
   int Checks(const std::vector<std::size_t>& run, std::size_t from, std::size_t to, int left,

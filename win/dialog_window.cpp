@@ -79,7 +79,13 @@ Control ControlOf(const Field& field) {
     case FieldKind::kPreview:
       return {kEditClass, ES_MULTILINE | ES_READONLY | ES_AUTOHSCROLL | ES_AUTOVSCROLL |
                               WS_VSCROLL | WS_HSCROLL | WS_BORDER | kFocusable};
-    default:  // text, file, folder
+    case FieldKind::kText:
+      // A text of several rows takes one entry a line; Enter starts the next.
+      if (field.rows > 1)
+        return {kEditClass, ES_MULTILINE | ES_WANTRETURN | ES_AUTOVSCROLL | WS_VSCROLL |
+                                WS_BORDER | kFocusable};
+      return {kEditClass, ES_AUTOHSCROLL | WS_BORDER | kFocusable};
+    default:  // file, folder
       return {kEditClass, ES_AUTOHSCROLL | WS_BORDER | kFocusable};
   }
 }

@@ -176,6 +176,44 @@ std::string ReplaceVbpReferences(std::string_view vbp_bytes,
   return out;
 }
 
+std::string AddVbpMember(std::string_view text, std::string_view key, std::string_view name,
+                         std::string_view path) {
+  const std::string_view line_break = text.find("\r\n") != std::string_view::npos ? "\r\n"
+                                      : text.find('\n') != std::string_view::npos   ? "\n"
+                                                                                    : "\r\n";
+  const std::string member = std::string(key) + "=" + std::string(name) + "; " + std::string(path);
+  // Where the project section ends, and where its last member line ends.
+  std::size_t section_end = text.size();
+  std::size_t after_member = std::string_view::npos;
+  for (std::size_t start = 0; start < text.size();) {
+    std::size_t end = text.find_first_of("\r\n", start);
+    const std::string_view line =
+        TrimBlanksAndTabs(text.substr(start, end == std::string_view::npos ? text.npos : end - start));
+    if (line.starts_with('[')) {
+      section_end = start;
+      break;
+    }
+    if (end == std::string_view::npos) end = text.size();
+    else if (text.compare(end, 2, "\r\n") == 0) end += 2;
+    else ++end;
+    const std::string_view key_of = TrimBlanksAndTabs(line.substr(0, line.find('=')));
+    if (line.find('=') != std::string_view::npos &&
+        (EqualsIgnoreCase(key_of, "Module") || EqualsIgnoreCase(key_of, "Class") ||
+         EqualsIgnoreCase(key_of, "Form") || EqualsIgnoreCase(key_of, "UserControl") ||
+         EqualsIgnoreCase(key_of, "Reference") || EqualsIgnoreCase(key_of, "Object") ||
+         EqualsIgnoreCase(key_of, "Type")))
+      after_member = end;
+    start = end;
+  }
+  std::size_t at = after_member != std::string_view::npos ? after_member : section_end;
+  std::string result(text.substr(0, at));
+  if (!result.empty() && result.back() != '\n' && result.back() != '\r')
+    result += line_break;
+  result += member + std::string(line_break);
+  result += text.substr(at);
+  return result;
+}
+
 std::string ResolveMemberPath(std::string_view vbp_path, std::string_view member) {
   if (IsAbsolute(member)) return std::string(member);
   const auto slash = vbp_path.find_last_of("/\\");

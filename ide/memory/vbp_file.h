@@ -41,6 +41,12 @@ std::string VbpReferenceLine(const VbpReference& reference);
 // other byte kept.
 std::string ReplaceVbpReferences(std::string_view vbp_bytes, const std::vector<std::string>& lines);
 
+// The project file's text with a member line ("Class=clsOrder; clsOrder.cls")
+// added below the last member line of the project section (or at its end),
+// in the file's own line breaks.
+std::string AddVbpMember(std::string_view text, std::string_view key, std::string_view name,
+                         std::string_view path);
+
 // A member path relative to the folder of the .vbp file.
 std::string ResolveMemberPath(std::string_view vbp_path, std::string_view member);
 

@@ -5,6 +5,7 @@
 
 #include <set>
 
+#include "addin/class_builder.h"
 #include "addin/select_enum_command.h"
 #include "addin/declaration_builders.h"
 #include "addin/explicit_arguments.h"
@@ -83,7 +84,7 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
     // show their text in a message box.
     const bool needs_dialogs = row.run == RunAddProcedure || row.run == RunCodeLineBuilder ||
                                row.run == RunTipOfTheDay || row.run == RunAbout ||
-                               row.run == RunSelectFromEnum;
+                               row.run == RunSelectFromEnum || row.run == RunAddClass;
     ASSERT_EQ(ui_.boxes_shown.size(),
               boxes_before +
                   (asks_for_form || misses_error_module || misses_call || needs_dialogs ? 1 : 0));
@@ -113,7 +114,7 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
                                        RunAddBlockItem, RunCodeLineBuilder, RunTipOfTheDay,
                                        RunAbout, RunImportFile, RunInsertVariable,
                                        RunExplicitArguments, RunAddPathConstant,
-                                       RunSelectFromEnum}));
+                                       RunSelectFromEnum, RunAddClass}));
 }
 
 TEST_F(ClickTest, CodeCommandsDoNothingWithoutACodeWindow) {

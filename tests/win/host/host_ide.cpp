@@ -190,15 +190,31 @@ ComPtr<IDispatch> MakeDesigner(std::shared_ptr<IDesigner> designer) {
   }, designer);
 }
 
+// VBComponents, which also adds a component by type and removes one.
 ComPtr<IDispatch> MakeComponents(std::shared_ptr<IProject> project) {
-  return MakeCollection<IComponent>(project->VBComponents(), &MakeComponent, [project] {
-    return ObjectOf(project, &MakeProject);
-  });
+  const auto components = project->VBComponents();
+  return MakeCollection<IComponent>(
+      components, &MakeComponent, [project] { return ObjectOf(project, &MakeProject); },
+      {Method(L"Add", 1, 1,
+              [components](HostCall& call) {
+                return ObjectOf<IComponent>(
+                    components->Add(static_cast<ComponentType>(call.Long(0))), &MakeComponent);
+              }),
+       Method(L"Remove", 1, 1, [components](HostCall& call) {
+         const auto object = call.Object(0);
+         const auto component =
+             object ? std::static_pointer_cast<IComponent>(HostIdentity(object.get())) : nullptr;
+         if (!component) throw ide::Error(13, "Type mismatch");
+         components->Remove(*component);
+         return Variant();
+       })});
 }
 
 ComPtr<IDispatch> MakeComponent(std::shared_ptr<IComponent> component) {
   return MakeHostObject({
-      Property(L"Name", [component] { return Variant::String(component->Name()); }),
+      Property(
+          L"Name", [component] { return Variant::String(component->Name()); },
+          [component](const VARIANT& value) { component->SetName(win::VariantToString(value)); }),
       Property(L"Type",
                [component] { return Variant::Long(static_cast<long>(component->Type())); }),
       Property(L"CodeModule",
