@@ -14,6 +14,10 @@ void AddPlaces(const toolwindows::Node& node, MemberPlace place,
                std::vector<MemberPlace>& places) {
   if (node.kind == toolwindows::NodeKind::kProject) place.project = node.caption;
   if (node.kind == toolwindows::NodeKind::kComponent) place.component = node.caption;
+  if (node.kind == toolwindows::NodeKind::kProcedure ||
+      node.kind == toolwindows::NodeKind::kFunction ||
+      node.kind == toolwindows::NodeKind::kProperty)
+    place.member = node.caption;
   place.line = node.line;
   places.push_back(place);
   for (const toolwindows::Node& child : node.children) AddPlaces(child, place, places);
@@ -89,6 +93,23 @@ void CodeExplorerDocument::SetFilter(std::string_view query) {
   Show();
 }
 
+void CodeExplorerDocument::Select(std::size_t index) {
+  if (index < places_.size())
+    selected_ = places_[index];
+  else
+    selected_.reset();
+}
+
+bool CodeExplorerDocument::ShowContextMenu(std::size_t index, std::optional<int> x,
+                                           std::optional<int> y) {
+  Select(index);
+  if (!vbe_) return false;
+  const auto popup = FindBar(*vbe_, kCodeExplorerPopUpName);
+  if (!popup) return false;
+  popup->ShowPopup(x, y);
+  return true;
+}
+
 void CodeExplorerDocument::Show() {
   tree_ = model_ ? toolwindows::FilterTree(model_->Tree(), filter_)
                  : std::vector<toolwindows::Node>{};
@@ -123,7 +144,7 @@ void SearchDocument::Search(std::string_view query) {
 bool SearchDocument::GoTo(std::size_t position) {
   if (!vbe_ || position >= results_.size()) return false;
   const toolwindows::SearchEntry& entry = *results_[position].entry;
-  GoToMember(*vbe_, {entry.project, entry.component, entry.line});
+  GoToMember(*vbe_, {entry.project, entry.component, entry.line, {}});
   return true;
 }
 

@@ -1,5 +1,6 @@
-// Asks for the path of one existing file: a file field with its browse
-// button. "I&mport File..." uses it for the module to add to the project.
+// Asks for the path of one file: a file field with its browse button.
+// "I&mport File..." asks for an existing module to add to the project,
+// "Export File..." for the file to write (which may exist or not).
 #pragma once
 
 #include <string>
@@ -11,7 +12,9 @@ namespace tavrin::builders {
 
 class FileDialog : public DialogModel {
  public:
-  FileDialog(std::string title, std::string caption, platform::FileSystem& files);
+  enum class Purpose { kOpen, kSave };
+  FileDialog(std::string title, std::string caption, platform::FileSystem& files,
+             Purpose purpose = Purpose::kOpen);
 
   std::string Title() const override { return title_; }
   std::string HelpTopic() const override { return "import-export.html"; }
@@ -19,6 +22,7 @@ class FileDialog : public DialogModel {
   std::optional<Refusal> Accept() override;
 
   std::string Path() const { return fields_.front().text; }
+  void SetPath(std::string path) { fields_.front().text = std::move(path); }
 
  private:
   std::string title_;
