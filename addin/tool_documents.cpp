@@ -1,5 +1,6 @@
 #include "addin/tool_documents.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "addin/command_table.h"
@@ -145,6 +146,28 @@ bool SearchDocument::GoTo(std::size_t position) {
   if (!vbe_ || position >= results_.size()) return false;
   const toolwindows::SearchEntry& entry = *results_[position].entry;
   GoToMember(*vbe_, {entry.project, entry.component, entry.line, {}});
+  return true;
+}
+
+bool SearchDocument::Choose(std::size_t position) {
+  if (!vbe_ || position >= results_.size()) return false;
+  const toolwindows::SearchEntry& entry = *results_[position].entry;
+  const auto pane = toolwindows::InsertsName(entry.kind) ? vbe_->ActiveCodePane() : nullptr;
+  // The pane the user last typed in, although this window has the focus.
+  if (!pane) return GoTo(position);
+  const ide::TextRange caret = pane->GetSelection();
+  const auto module = pane->CodeModule();
+  std::string line = module->Lines(caret.start_line, 1);
+  const std::size_t at = std::min(line.size(), std::size_t(std::max(caret.start_column - 1, 0)));
+  if (caret.end_line == caret.start_line && caret.end_column > caret.start_column)
+    line.erase(at, std::size_t(caret.end_column - caret.start_column));
+  line.insert(at, entry.name);
+  if (caret.start_line > module->CountOfLines())
+    module->InsertLines(caret.start_line, line);
+  else
+    module->ReplaceLine(caret.start_line, line);
+  const int column = int(at + entry.name.size()) + 1;
+  pane->SetSelection({caret.start_line, column, caret.start_line, column});
   return true;
 }
 

@@ -119,6 +119,11 @@ class SearchDocument final : public ide::IUserDocument, public ToolDocumentBase 
   const std::vector<toolwindows::SearchResult>& Results() const { return results_; }
   // Goes to the result at `position`; false when there is none.
   bool GoTo(std::size_t position);
+  // What Enter does: a constant's, variable's, enum's or type's name is
+  // typed at the caret of the active code pane (in place of a selection on
+  // one line); any other result, or any result without a code pane, is gone
+  // to. False when there is no such result.
+  bool Choose(std::size_t position);
   // Clicks the add-in's toolbar button with that caption, as the user
   // would; false when it is not there.
   bool RunShortcut(int caption_id);

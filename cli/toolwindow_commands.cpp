@@ -36,6 +36,20 @@ std::string_view KindName(NodeKind kind) {
       return "property";
     case NodeKind::kAccessor:
       return "accessor";
+    case NodeKind::kEnum:
+      return "enum";
+    case NodeKind::kType:
+      return "type";
+    case NodeKind::kConstant:
+      return "constant";
+    case NodeKind::kVariable:
+      return "variable";
+    case NodeKind::kDeclare:
+      return "declare";
+    case NodeKind::kEnumMember:
+      return "enum member";
+    case NodeKind::kTypeMember:
+      return "type member";
   }
   return "";
 }
