@@ -2,6 +2,7 @@
 // project's name and the files of its components.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +18,13 @@ struct VbpFile {
 // `UserDocument=` and `Designer=` lines of the project section (before the
 // first [section]).
 VbpFile ParseVbp(std::string_view text);
+
+// The project file with the name of each `Module=Name; path` and
+// `Class=Name; path` line set to name_of(the member's resolved path), where
+// that is not empty; every other byte as it was. A component renamed in the
+// IDE is saved so.
+std::string RenameVbpMembers(std::string_view text, std::string_view vbp_path,
+                             const std::function<std::string(std::string_view)>& name_of);
 
 // A member path relative to the folder of the .vbp file.
 std::string ResolveMemberPath(std::string_view vbp_path, std::string_view member);

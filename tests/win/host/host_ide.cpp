@@ -190,10 +190,30 @@ ComPtr<IDispatch> MakeDesigner(std::shared_ptr<IDesigner> designer) {
   }, designer);
 }
 
+// Add, Remove and Import, which raise the model's component events.
 ComPtr<IDispatch> MakeComponents(std::shared_ptr<IProject> project) {
-  return MakeCollection<IComponent>(project->VBComponents(), &MakeComponent, [project] {
-    return ObjectOf(project, &MakeProject);
-  });
+  const auto components = project->VBComponents();
+  return MakeCollection<IComponent>(
+      components, &MakeComponent, [project] { return ObjectOf(project, &MakeProject); },
+      {
+          Method(L"Add", 1, 1,
+                 [components](HostCall& call) {
+                   return ObjectOf(components->Add(static_cast<ComponentType>(call.Long(0))),
+                                   &MakeComponent);
+                 }),
+          Method(L"Remove", 1, 1,
+                 [components](HostCall& call) {
+                   const auto component =
+                       std::static_pointer_cast<IComponent>(HostIdentity(call.Object(0).get()));
+                   if (!component) throw HostFailure{DISP_E_TYPEMISMATCH};
+                   components->Remove(*component);
+                   return Variant();
+                 }),
+          Method(L"Import", 1, 1,
+                 [components](HostCall& call) {
+                   return ObjectOf(components->Import(call.String(0)), &MakeComponent);
+                 }),
+      });
 }
 
 ComPtr<IDispatch> MakeComponent(std::shared_ptr<IComponent> component) {
@@ -209,6 +229,11 @@ ComPtr<IDispatch> MakeComponent(std::shared_ptr<IComponent> component) {
                [component] {
                  return Variant::Object(MakeComponents(component->Project()).get());
                }),
+      Method(L"Export", 1, 1,
+             [component](HostCall& call) {
+               component->Export(call.String(0));
+               return Variant();
+             }),
   }, component);
 }
 

@@ -353,9 +353,11 @@ TEST_F(ToolWindowsTest, SearchRanksAsYouTypeAndEnterGoesThere) {
   ::SetFocus(edit);
   ::SetWindowTextW(edit, L"stock");
   ASSERT_GE(ListView_GetItemCount(list), 4);
-  // Prefix matches first, shorter names first.
-  EXPECT_EQ(ListText(list, 0, 0), L"StockLevel");
-  EXPECT_EQ(ListText(list, 0, 2), L"basMain");
+  // Prefix matches first, shorter names first, then by name.
+  EXPECT_EQ(ListText(list, 0, 0), L"STOCK_FILE");
+  EXPECT_EQ(ListText(list, 0, 1), L"Const");
+  EXPECT_EQ(ListText(list, 1, 0), L"StockLevel");
+  EXPECT_EQ(ListText(list, 1, 2), L"basMain");
   // Down goes into the list, Tab on to the builders' buttons: the control
   // takes these keys before the IDE does.
   frame->SendKey(edit, VK_DOWN);
@@ -368,7 +370,7 @@ TEST_F(ToolWindowsTest, SearchRanksAsYouTypeAndEnterGoesThere) {
   frame->SendKey(edit, VK_RETURN);
   EXPECT_EQ(ActiveComponent(session.Memory()), "clsStockItem");
   EXPECT_EQ(Caret(session.Memory()).start_line, ToStringLine(session));
-  ::SetWindowTextW(edit, L"load");
+  ::SetWindowTextW(edit, L"st");
   SaveWindowPng(frame->Frame(), L"shortcuts_and_search");
 }
 
