@@ -10,6 +10,8 @@
 
 namespace tavrin::addin {
 
+class CodeExplorerDocument;
+
 class CommandHost {
  public:
   virtual ~CommandHost() = default;
@@ -22,6 +24,9 @@ class CommandHost {
   virtual void ShowSettingsDialog() = 0;
   // Writes one setting to its file and keeps it in the loaded settings.
   virtual void SaveSetting(settings::Item item, settings::SettingValue value) {}
+  // The Code Explorer's document, whose selected node the entries of its
+  // context menu act on; null when there is none of ours.
+  virtual CodeExplorerDocument* ExplorerDocument() { return nullptr; }
 };
 
 // A code-line snippet ("If Then", "ForNext", "With", ...) at the caret.

@@ -7,6 +7,8 @@
 #include "addin/command_host.h"
 #include "addin/declaration_builders.h"
 #include "addin/explicit_arguments.h"
+#include "addin/explorer_commands.h"
+#include "addin/export_file.h"
 #include "addin/fragment_commands.h"
 #include "addin/import_file.h"
 #include "addin/insert_variable.h"
@@ -47,6 +49,11 @@ constexpr CommandRow Popup(int depth, int caption_id, unsigned flags = kPlain) {
 
 constexpr CommandRow InCodeWindow(CommandRow row) {
   row.bar = CommandBarRoot::kCodeWindow;
+  return row;
+}
+
+constexpr CommandRow InExplorerPopUp(CommandRow row) {
+  row.bar = CommandBarRoot::kCodeExplorerPopUp;
   return row;
 }
 
@@ -159,7 +166,7 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(1, 166, kPlain, "mnuhExit_Click", RunCodeLines, "Exit"),
     Entry(1, 181, kPicture | kGroup, "mnuhTVRAddFragment_Click", RunInsertFragment),
     Entry(1, 184, kPlain, "mnuhTVRImportFile_Click", RunImportFile),
-    Entry(1, 185, kPlain, "mnuhTVRExportFile_Click", RunSaveFragment),
+    Entry(1, 185, kPlain, "mnuhTVRExportFile_Click", RunExportFile),
     Popup(1, 186, kGroup),  // "&Tools"
     Entry(2, 191, kPlain, "mnuhVerifyShortcuts_Click", RunVerifyShortcuts),
     Entry(2, 192, kPlain, "mnuhTabOrder_Click", RunShowToolWindow, "TabOrder"),
@@ -194,6 +201,33 @@ constexpr auto kTable = std::to_array<CommandRow>({
     InCodeWindow(Entry(1, 2014, kPlain, "mnuhTVRSaveFragment_Click", RunSaveFragment)),
     InCodeWindow(Entry(1, 182, kPicture, "mnuhTVRInsertVariable_Click", RunInsertVariable)),
     InCodeWindow(Entry(1, 101, kPicture, "mnuhTVRAddProcedure_Click", RunAddProcedure)),
+
+    // "CodeExplorerPopUp": the Code Explorer's context menu, acting on the
+    // node it was opened on. The builders and the import are the table's
+    // own commands, run once the node's code is shown.
+    InExplorerPopUp(Entry(0, 201, kPicture, "mnuhCodeExplorerRefresh_Click", RunExplorerRefresh)),
+    InExplorerPopUp(Entry(0, 3001, kPicture | kGroup, "mnuhCodeExplorerAddModule_Click",
+                          RunExplorerAdd, "Module")),
+    InExplorerPopUp(Entry(0, 104, kPicture, "mnuhCodeExplorerAddClass_Click", RunExplorerCommand,
+                          "mnuhTVRAddClass_Click")),
+    InExplorerPopUp(Entry(0, 3003, kPlain, "mnuhCodeExplorerAddForm_Click", RunExplorerAdd,
+                          "Form")),
+    InExplorerPopUp(Entry(0, 3002, kPicture, "mnuhCodeExplorerRemove_Click", RunExplorerRemove)),
+    InExplorerPopUp(Entry(0, 184, kGroup, "mnuhCodeExplorerImportFile_Click", RunExplorerCommand,
+                          "mnuhTVRImportFile_Click")),
+    InExplorerPopUp(Entry(0, 185, kPlain, "mnuhCodeExplorerExportFile_Click", RunExplorerExport)),
+    InExplorerPopUp(Entry(0, 3006, kPicture | kGroup, "mnuhCodeExplorerPrint_Click",
+                          RunExplorerHtml, "Print")),
+    InExplorerPopUp(Entry(0, 3007, kPicture, "mnuhCodeExplorerToHtml_Click", RunExplorerHtml)),
+    InExplorerPopUp(Entry(0, 101, kPicture | kGroup, "mnuhCodeExplorerAddProcedure_Click",
+                          RunExplorerCommand, "mnuhTVRAddProcedure_Click")),
+    InExplorerPopUp(Entry(0, 105, kPicture, "mnuhCodeExplorerAddProperty_Click",
+                          RunExplorerCommand, "mnuhPropAdd_Click")),
+    InExplorerPopUp(Popup(0, 188, kGroup)),  // "&Line Numbers"
+    InExplorerPopUp(Entry(1, 177, kPlain, "mnuhCodeExplorerLineNumbersAdd_Click",
+                          RunExplorerLineNumbers, "Add")),
+    InExplorerPopUp(Entry(1, 178, kPlain, "mnuhCodeExplorerLineNumbersRemove_Click",
+                          RunExplorerLineNumbers, "Remove")),
 });
 
 }  // namespace

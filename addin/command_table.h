@@ -22,6 +22,7 @@ using Operation = void (*)(CommandHost& host, std::string_view argument);
 enum class CommandBarRoot {
   kToolbar,     // the add-in's own toolbar "Tavrin"
   kCodeWindow,  // the IDE's "Code Window" context menu
+  kCodeExplorerPopUp,  // the Code Explorer's context bar "CodeExplorerPopUp"
 };
 
 struct CommandRow {

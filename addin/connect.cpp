@@ -49,6 +49,19 @@ void RemoveLeftOverEntries(ide::ICommandBar& bar, std::string_view caption) {
   }
 }
 
+// The Code Explorer's context bar, new at each connection (one left by a
+// connection that ended without a disconnection is replaced); null when
+// the IDE cannot make it, and the explorer then has no context menu.
+std::shared_ptr<ide::ICommandBar> CreateExplorerPopUp(ide::IVbe& vbe) {
+  if (const auto left_over = FindBar(vbe, kCodeExplorerPopUpName))
+    IgnoreErrors([&] { left_over->Delete(); });
+  std::shared_ptr<ide::ICommandBar> popup;
+  IgnoreErrors([&] {
+    popup = vbe.CommandBars()->Add(kCodeExplorerPopUpName, ide::BarPosition::kPopup, false, true);
+  });
+  return popup;
+}
+
 }  // namespace
 
 Connect::Connect(HostServices services) : services_(std::move(services)) {}
@@ -136,6 +149,10 @@ ICodeExplorerDocument* Connect::Explorer() {
   return dynamic_cast<ICodeExplorerDocument*>(WindowOf(kCodeExplorerWindow).document.get());
 }
 
+CodeExplorerDocument* Connect::ExplorerDocument() {
+  return dynamic_cast<CodeExplorerDocument*>(Explorer());
+}
+
 void Connect::ShowToolWindow(std::string_view class_word) {
   if (!state_) return;
   for (const ToolWindowClass& window_class : kToolWindowClasses) {
@@ -156,6 +173,7 @@ void Connect::AddControls() {
   const auto code_window = FindBar(vbe, kCodeWindowBarName);
   if (code_window)
     RemoveLeftOverEntries(*code_window, resources::LoadResString(kTavrinInsertCaption));
+  const auto explorer_popup = CreateExplorerPopUp(vbe);
 
   // The pop-up each depth adds to; a row that is left out takes its
   // entries with it.
@@ -164,7 +182,9 @@ void Connect::AddControls() {
   for (const CommandRow& row : CommandTable()) {
     if (skip_below >= 0 && row.depth > skip_below) continue;
     skip_below = -1;
-    const auto bar = row.bar == CommandBarRoot::kToolbar ? toolbar : code_window;
+    const auto bar = row.bar == CommandBarRoot::kToolbar      ? toolbar
+                     : row.bar == CommandBarRoot::kCodeWindow ? code_window
+                                                              : explorer_popup;
     if (!bar || (row.testing_only && !state_->testing)) {
       skip_below = row.depth;
       continue;

@@ -60,6 +60,7 @@ class Connect : public CommandHost {
   void ShowToolWindow(std::string_view class_word) override;
   void ShowSettingsDialog() override;
   void SaveSetting(settings::Item item, settings::SettingValue value) override;
+  CodeExplorerDocument* ExplorerDocument() override;
 
  private:
   void AddControls();

@@ -57,7 +57,8 @@ bool CommentLinesCommand(Context& context, std::string_view command_name) {
 }
 
 void ConvertToHtmlCommand(Context& context, transform::HtmlPageServices& services,
-                          ide::IComponent& component, std::string_view procedure_name) {
+                          ide::IComponent& component, std::string_view procedure_name,
+                          bool print) {
   Guarded(context, "ConvertCodeToHtml", [&] {
     const auto module = component.CodeModule();
     std::string code;
@@ -70,8 +71,9 @@ void ConvertToHtmlCommand(Context& context, transform::HtmlPageServices& service
     } else {
       throw ide::Error(35, "Sub or Function not defined: " + std::string(procedure_name));
     }
-    const auto shown = transform::ShowHtmlPage(services, transform::ConvertCodeToHtml(code),
-                                               component.Name(), procedure);
+    std::string html = transform::ConvertCodeToHtml(code);
+    if (print) html += "<script>window.onload = function () { window.print(); };</script>";
+    const auto shown = transform::ShowHtmlPage(services, html, component.Name(), procedure);
     if (!shown) ReportError(context, "ShowHtmlPage", shown.error());
   });
 }

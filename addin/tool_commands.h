@@ -26,9 +26,11 @@ inline constexpr std::string_view kCommentLinesRemove = "Comment Lines Remove";
 bool CommentLinesCommand(Context& context, std::string_view command_name);
 
 // The module's code, or one procedure's when procedure_name is not empty,
-// as a coloured page in the user's browser.
+// as a coloured page in the user's browser; with `print`, the page opens
+// the browser's print dialog once loaded.
 void ConvertToHtmlCommand(Context& context, transform::HtmlPageServices& services,
-                          ide::IComponent& component, std::string_view procedure_name);
+                          ide::IComponent& component, std::string_view procedure_name,
+                          bool print = false);
 
 // The access-key check of the form in the active designer window.
 void VerifyShortcutsCommand(Context& context);

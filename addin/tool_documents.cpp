@@ -1,5 +1,6 @@
 #include "addin/tool_documents.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "addin/command_table.h"
@@ -14,6 +15,10 @@ void AddPlaces(const toolwindows::Node& node, MemberPlace place,
                std::vector<MemberPlace>& places) {
   if (node.kind == toolwindows::NodeKind::kProject) place.project = node.caption;
   if (node.kind == toolwindows::NodeKind::kComponent) place.component = node.caption;
+  if (node.kind == toolwindows::NodeKind::kProcedure ||
+      node.kind == toolwindows::NodeKind::kFunction ||
+      node.kind == toolwindows::NodeKind::kProperty)
+    place.member = node.caption;
   place.line = node.line;
   places.push_back(place);
   for (const toolwindows::Node& child : node.children) AddPlaces(child, place, places);
@@ -89,6 +94,23 @@ void CodeExplorerDocument::SetFilter(std::string_view query) {
   Show();
 }
 
+void CodeExplorerDocument::Select(std::size_t index) {
+  if (index < places_.size())
+    selected_ = places_[index];
+  else
+    selected_.reset();
+}
+
+bool CodeExplorerDocument::ShowContextMenu(std::size_t index, std::optional<int> x,
+                                           std::optional<int> y) {
+  Select(index);
+  if (!vbe_) return false;
+  const auto popup = FindBar(*vbe_, kCodeExplorerPopUpName);
+  if (!popup) return false;
+  popup->ShowPopup(x, y);
+  return true;
+}
+
 void CodeExplorerDocument::Show() {
   tree_ = model_ ? toolwindows::FilterTree(model_->Tree(), filter_)
                  : std::vector<toolwindows::Node>{};
@@ -123,7 +145,29 @@ void SearchDocument::Search(std::string_view query) {
 bool SearchDocument::GoTo(std::size_t position) {
   if (!vbe_ || position >= results_.size()) return false;
   const toolwindows::SearchEntry& entry = *results_[position].entry;
-  GoToMember(*vbe_, {entry.project, entry.component, entry.line});
+  GoToMember(*vbe_, {entry.project, entry.component, entry.line, {}});
+  return true;
+}
+
+bool SearchDocument::Choose(std::size_t position) {
+  if (!vbe_ || position >= results_.size()) return false;
+  const toolwindows::SearchEntry& entry = *results_[position].entry;
+  const auto pane = toolwindows::InsertsName(entry.kind) ? vbe_->ActiveCodePane() : nullptr;
+  // The pane the user last typed in, although this window has the focus.
+  if (!pane) return GoTo(position);
+  const ide::TextRange caret = pane->GetSelection();
+  const auto module = pane->CodeModule();
+  std::string line = module->Lines(caret.start_line, 1);
+  const std::size_t at = std::min(line.size(), std::size_t(std::max(caret.start_column - 1, 0)));
+  if (caret.end_line == caret.start_line && caret.end_column > caret.start_column)
+    line.erase(at, std::size_t(caret.end_column - caret.start_column));
+  line.insert(at, entry.name);
+  if (caret.start_line > module->CountOfLines())
+    module->InsertLines(caret.start_line, line);
+  else
+    module->ReplaceLine(caret.start_line, line);
+  const int column = int(at + entry.name.size()) + 1;
+  pane->SetSelection({caret.start_line, column, caret.start_line, column});
   return true;
 }
 

@@ -30,6 +30,7 @@ struct MemberPlace {
   std::string project;
   std::string component;
   int line = 0;  // 0: the top of the module
+  std::string member;  // the procedure or property; empty above members
 };
 
 // Shows the component's code pane with the caret at the start of `line`.
@@ -81,6 +82,14 @@ class CodeExplorerDocument final : public ICodeExplorerDocument, public ToolDocu
   // The type-ahead filter (FilterTree); empty shows everything.
   void SetFilter(std::string_view query);
   const std::string& Filter() const { return filter_; }
+  // The node the context menu acts on, by its index in Places(); an index
+  // out of range clears it. Kept as a place, so a new tree keeps it.
+  void Select(std::size_t index);
+  const std::optional<MemberPlace>& Selected() const { return selected_; }
+  // Selects the node and opens the context bar "CodeExplorerPopUp" at the
+  // screen point (nullopt: the mouse pointer); false when the IDE has no
+  // such bar.
+  bool ShowContextMenu(std::size_t index, std::optional<int> x, std::optional<int> y);
 
  private:
   void Show();
@@ -89,6 +98,7 @@ class CodeExplorerDocument final : public ICodeExplorerDocument, public ToolDocu
   std::vector<toolwindows::Node> tree_;
   std::vector<MemberPlace> places_;
   std::string filter_;
+  std::optional<MemberPlace> selected_;
   bool built_ = false;
   bool once_opened_ = false;
 };
@@ -109,6 +119,11 @@ class SearchDocument final : public ide::IUserDocument, public ToolDocumentBase 
   const std::vector<toolwindows::SearchResult>& Results() const { return results_; }
   // Goes to the result at `position`; false when there is none.
   bool GoTo(std::size_t position);
+  // What Enter does: a constant's, variable's, enum's or type's name is
+  // typed at the caret of the active code pane (in place of a selection on
+  // one line); any other result, or any result without a code pane, is gone
+  // to. False when there is no such result.
+  bool Choose(std::size_t position);
   // Clicks the add-in's toolbar button with that caption, as the user
   // would; false when it is not there.
   bool RunShortcut(int caption_id);

@@ -40,6 +40,7 @@ struct Field {
   std::string group;      // the group box; empty: none
   int rows = 1;           // height of a list or preview, in lines
   bool remember = false;  // the host keeps the value for the next showing
+  bool save = false;      // a file field naming a file to write, not to open
 };
 
 // Why OK was refused: the message the user sees and the field to go back to.

@@ -1,7 +1,8 @@
-// Asks for the path of one existing file or folder: a file or folder field
-// with its browse button, which opens the system's picker. "I&mport File..."
-// asks for the module to add to the project, "&Filename..." and "F&older..."
-// for the path of a String constant.
+// Asks for the path of one file or folder: a file or folder field with its
+// browse button, which opens the system's picker. "I&mport File..." asks for
+// an existing module to add to the project, "Export File..." for the file to
+// write (which may exist or not), "&Filename..." and "F&older..." for the
+// path of a String constant.
 #pragma once
 
 #include <string>
@@ -16,9 +17,11 @@ inline constexpr std::string_view kSelectFolderTitle = "Select Folder";
 
 class FileDialog : public DialogModel {
  public:
-  // `kind` is FieldKind::kFile or FieldKind::kFolder.
+  enum class Purpose { kOpen, kSave };
+  // `kind` is FieldKind::kFile or FieldKind::kFolder; only a file is saved.
   FileDialog(std::string title, std::string caption, platform::FileSystem& files,
-             FieldKind kind = FieldKind::kFile, std::string help_topic = "import-export.html");
+             FieldKind kind = FieldKind::kFile, std::string help_topic = "import-export.html",
+             Purpose purpose = Purpose::kOpen);
 
   std::string Title() const override { return title_; }
   std::string HelpTopic() const override { return help_topic_; }
@@ -26,6 +29,7 @@ class FileDialog : public DialogModel {
   std::optional<Refusal> Accept() override;
 
   std::string Path() const { return fields_.front().text; }
+  void SetPath(std::string path) { fields_.front().text = std::move(path); }
 
  private:
   std::string title_;

@@ -36,6 +36,20 @@ std::string_view KindName(NodeKind kind) {
       return "property";
     case NodeKind::kAccessor:
       return "accessor";
+    case NodeKind::kEnum:
+      return "enum";
+    case NodeKind::kType:
+      return "type";
+    case NodeKind::kConstant:
+      return "constant";
+    case NodeKind::kVariable:
+      return "variable";
+    case NodeKind::kDeclare:
+      return "declare";
+    case NodeKind::kEnumMember:
+      return "enum member";
+    case NodeKind::kTypeMember:
+      return "type member";
   }
   return "";
 }
@@ -128,7 +142,10 @@ int RunTabOrder(const GlobalOptions &globals, const TabOrderArguments &arguments
   for (std::size_t i = 0; i < order.Stops().size(); ++i) {
     const auto &stop = order.Stops()[i];
     if (globals.json)
-      records.push_back({{"name", stop.name}, {"tab_index", stop.tab_index}, {"position", i}});
+      records.push_back({{"name", stop.name},
+                         {"container", stop.container},
+                         {"tab_index", stop.tab_index},
+                         {"position", i}});
     else if (!write)
       std::cout << i << ' ' << stop.name
                 << (stop.tab_index != int(i) ? " (was " + std::to_string(stop.tab_index) + ")" : "")

@@ -144,6 +144,10 @@ class ICommandBar {
                                                           bool recursive = false) = 0;
   // Removes a custom bar and its controls.
   virtual void Delete() = 0;
+  // Opens a pop-up bar (position kPopup) as a context menu at the screen
+  // point (nullopt: the mouse pointer); returns when the user has chosen,
+  // after the chosen control's click. Another bar raises ide::Error.
+  virtual void ShowPopup(std::optional<int> x, std::optional<int> y) = 0;
 };
 
 // VBE.CommandBars. Item by name raises ide::Error for a bar that is not

@@ -222,6 +222,9 @@ class IControl {
   virtual std::string ProgId() = 0;     // "VB.CommandButton"
   // Raises ide::Error for a property the control does not have.
   virtual std::shared_ptr<ICollection<IProperty>> Properties() = 0;
+  // The name of the control it sits in (a frame, a picture box, a tabbed
+  // container); empty on the form itself or when the host cannot tell.
+  virtual std::string ContainerName() { return {}; }
 };
 
 // The form designer of a form, a user control or a property page.

@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "base/text.h"
+#include "ide/memory/component_kind.h"
 #include "scan/module_scanner.h"
+#include "scan/project_scanner.h"
 
 namespace tavrin::toolwindows {
 namespace {
@@ -34,8 +37,50 @@ std::string_view AccessorCaption(ide::ProcKind kind) {
   }
 }
 
+std::optional<NodeKind> DeclarationKind(scan::DeclKind kind) {
+  switch (kind) {
+    case scan::DeclKind::kEnum: return NodeKind::kEnum;
+    case scan::DeclKind::kType: return NodeKind::kType;
+    case scan::DeclKind::kConstant: return NodeKind::kConstant;
+    case scan::DeclKind::kVariable: return NodeKind::kVariable;
+    case scan::DeclKind::kDeclare: return NodeKind::kDeclare;
+    case scan::DeclKind::kEnumMember: return NodeKind::kEnumMember;
+    case scan::DeclKind::kTypeMember: return NodeKind::kTypeMember;
+    default: return std::nullopt;
+  }
+}
+
+// The declaration area: enums and types with their members under them,
+// constants, variables and Declare statements, in line order. A module
+// whose declarations do not balance (an Enum without End Enum) still shows
+// what was read.
+void AddDeclarations(ide::ICodeModule& module, std::vector<Node>& members) {
+  bool unclosed = false;  // the last enum or type has no End line
+  for (const scan::Declaration& declaration : scan::ScanCodeModule(module).declarations) {
+    const auto kind = DeclarationKind(declaration.kind);
+    if (!kind) continue;
+    Node node;
+    node.kind = *kind;
+    node.caption = declaration.name;
+    node.is_public = declaration.scope == scan::DeclScope::kGlobal;
+    node.line = declaration.line;
+    const bool member = *kind == NodeKind::kEnumMember || *kind == NodeKind::kTypeMember;
+    // Without its End line, an enum or type runs on into the statements
+    // after it: a keyword is no member's name.
+    if (member && unclosed && !ide::memory::IsValidComponentName(declaration.name)) continue;
+    if (*kind == NodeKind::kEnum || *kind == NodeKind::kType) unclosed = declaration.end_line == 0;
+    if (member && !members.empty() && EqualsIgnoreCase(members.back().caption, declaration.parent)) {
+      node.is_public = members.back().is_public;
+      members.back().children.push_back(std::move(node));
+    } else if (!member) {
+      members.push_back(std::move(node));
+    }
+  }
+}
+
 std::vector<Node> Members(ide::IVbe& vbe, ide::IComponent& component) {
   std::vector<Node> members;
+  if (const auto module = component.CodeModule()) AddDeclarations(*module, members);
   for (const scan::ScannedProcedure& scanned : scan::ScanModule(&vbe, component)) {
     const scan::C4_ProcDef& def = scanned.def;
     Node node;
@@ -74,6 +119,11 @@ bool NameLess(const std::string& a, const std::string& b) {
 }
 
 }  // namespace
+
+bool InsertsName(NodeKind kind) {
+  return kind == NodeKind::kConstant || kind == NodeKind::kVariable ||
+         kind == NodeKind::kEnumMember || kind == NodeKind::kEnum || kind == NodeKind::kType;
+}
 
 std::string_view FolderCaption(ComponentType type) {
   switch (type) {
@@ -199,8 +249,14 @@ void AppendText(const Node& node, int depth, std::string& text) {
   text += node.caption;
   if (node.kind == NodeKind::kFunction) text += " (Function)";
   if (node.kind == NodeKind::kProperty) text += " (Property)";
+  if (node.kind == NodeKind::kEnum) text += " (Enum)";
+  if (node.kind == NodeKind::kType) text += " (Type)";
+  if (node.kind == NodeKind::kConstant) text += " (Const)";
+  if (node.kind == NodeKind::kDeclare) text += " (Declare)";
+  const bool child = node.kind == NodeKind::kAccessor || node.kind == NodeKind::kEnumMember ||
+                     node.kind == NodeKind::kTypeMember;
   if (node.line > 0 && node.kind != NodeKind::kProperty) {
-    if (node.kind != NodeKind::kAccessor) text += node.is_public ? " Public" : " Private";
+    if (!child) text += node.is_public ? " Public" : " Private";
     text += " :" + std::to_string(node.line);
   }
   text += '\n';

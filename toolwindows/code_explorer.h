@@ -11,7 +11,28 @@
 
 namespace tavrin::toolwindows {
 
-enum class NodeKind { kProject, kFolder, kComponent, kProcedure, kFunction, kProperty, kAccessor };
+enum class NodeKind {
+  kProject,
+  kFolder,
+  kComponent,
+  kProcedure,
+  kFunction,
+  kProperty,
+  kAccessor,
+  // The declarations at the top of a module; an enum's or type's members
+  // sit under it.
+  kEnum,
+  kType,
+  kConstant,
+  kVariable,
+  kDeclare,
+  kEnumMember,
+  kTypeMember,
+};
+
+// True for the kinds whose name the search box inserts at the caret rather
+// than going to its declaration.
+bool InsertsName(NodeKind kind);
 
 struct Node {
   NodeKind kind = NodeKind::kProject;

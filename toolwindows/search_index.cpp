@@ -54,9 +54,12 @@ void Collect(const Node& node, const std::string& project, const std::string& co
       for (const Node& child : node.children) Collect(child, project, node.caption, entries);
       return;
     case NodeKind::kAccessor:
+    case NodeKind::kTypeMember:
       return;
     default:
       entries.push_back({node.caption, node.kind, project, component, node.line});
+      // An enum's members are names of their own.
+      for (const Node& child : node.children) Collect(child, project, component, entries);
   }
 }
 

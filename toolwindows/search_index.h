@@ -1,5 +1,6 @@
-// The search box's index: the names of the modules, procedures and
-// properties of the open projects, built once from the Code Explorer's tree
+// The search box's index: the names of the modules, procedures,
+// properties, enums, types, constants, variables and Declare statements of
+// the open projects, built once from the Code Explorer's tree
 // and queried per keystroke without reading the IDE again.
 #pragma once
 
@@ -26,7 +27,8 @@ std::vector<Node> FilterTree(const std::vector<Node>& tree, std::string_view que
 
 struct SearchEntry {
   std::string name;
-  NodeKind kind = NodeKind::kComponent;  // component, procedure, function or property
+  // A component, a member or a declaration (an enum's members too).
+  NodeKind kind = NodeKind::kComponent;
   std::string project;
   std::string component;
   int line = 0;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <map>
 
 #include "formtools/access_keys.h"
 
@@ -30,6 +31,7 @@ TabOrder::TabOrder(ide::IDesigner& designer) {
       stop.left = Number(*control, "Left");
       stop.top = Number(*control, "Top");
       stop.height = Number(*control, "Height");
+      stop.container = control->ContainerName();
       stop.control = std::move(control);
       stops_.push_back(std::move(stop));
     }
@@ -39,6 +41,20 @@ TabOrder::TabOrder(ide::IDesigner& designer) {
   std::stable_sort(stops_.begin(), stops_.end(), [](const TabStop& a, const TabStop& b) {
     return a.tab_index < b.tab_index;
   });
+  // A container that takes no TabIndex is not listed: its children count as
+  // the form's. A chain that loops (a broken form) stops at the form.
+  for (TabStop& stop : stops_) {
+    std::string container = stop.container;
+    stop.container.clear();
+    for (int depth = 0; !container.empty() && depth < int(stops_.size()); ++depth) {
+      const auto found = std::find_if(stops_.begin(), stops_.end(),
+                                      [&](const TabStop& s) { return s.name == container; });
+      if (found == stops_.end()) break;
+      if (depth == 0) stop.container = container;
+      stop.depth = depth + 1;
+      container = found->container;
+    }
+  }
 }
 
 bool TabOrder::MoveUp(std::size_t position) {
@@ -53,16 +69,51 @@ bool TabOrder::MoveDown(std::size_t position) {
   return true;
 }
 
-void TabOrder::OrderByPosition() {
-  std::stable_sort(stops_.begin(), stops_.end(),
+namespace {
+
+void OrderRows(std::vector<TabStop>& stops) {
+  std::stable_sort(stops.begin(), stops.end(),
                    [](const TabStop& a, const TabStop& b) { return a.top < b.top; });
-  for (auto row = stops_.begin(); row != stops_.end();) {
+  for (auto row = stops.begin(); row != stops.end();) {
     const int row_end = row->top + std::max(row->height, 1) / 2;
-    auto next = std::find_if(row, stops_.end(), [&](const TabStop& s) { return s.top > row_end; });
+    auto next = std::find_if(row, stops.end(), [&](const TabStop& s) { return s.top > row_end; });
     if (next == row) ++next;
     std::stable_sort(row, next, [](const TabStop& a, const TabStop& b) { return a.left < b.left; });
     row = next;
   }
+}
+
+using Children = std::map<std::string, std::vector<TabStop>>;
+
+// The children of `container` ("" for the form) in rows, each followed by
+// its own children. Each list is taken once, so a loop of containers ends.
+void AppendInPositionOrder(Children& children, const std::string& container,
+                           std::vector<TabStop>& ordered) {
+  const auto found = children.find(container);
+  if (found == children.end()) return;
+  std::vector<TabStop> these = std::move(found->second);
+  children.erase(found);
+  OrderRows(these);
+  for (TabStop& child : these) {
+    const std::string name = child.name;
+    ordered.push_back(std::move(child));
+    AppendInPositionOrder(children, name, ordered);
+  }
+}
+
+}  // namespace
+
+void TabOrder::OrderByPosition() {
+  Children children;
+  for (TabStop& stop : stops_) children[stop.container].push_back(std::move(stop));
+  std::vector<TabStop> ordered;
+  ordered.reserve(stops_.size());
+  AppendInPositionOrder(children, "", ordered);
+  // Whatever the form's chain did not reach (a loop of containers) keeps
+  // its order at the end.
+  for (auto& [container, rest] : children)
+    for (TabStop& stop : rest) ordered.push_back(std::move(stop));
+  stops_ = std::move(ordered);
 }
 
 int TabOrder::Apply() {

@@ -19,6 +19,11 @@ struct TabStop {
   int left = 0;
   int top = 0;
   int height = 0;
+  // The control it sits in (a frame, a picture box, a tabbed container),
+  // when that is one of the stops; empty on the form. Left and top are
+  // relative to it, as the designer stores them.
+  std::string container;
+  int depth = 0;  // how many containers it sits in
 };
 
 class TabOrder {
@@ -33,7 +38,8 @@ class TabOrder {
   bool MoveUp(std::size_t position);
   bool MoveDown(std::size_t position);
   // Rows top to bottom, each row left to right. Controls whose tops lie
-  // within half the height of a row's first control share its row.
+  // within half the height of a row's first control share its row. A
+  // container's children follow it, ordered so among themselves.
   void OrderByPosition();
   // Writes TabIndex, first to last, where it differs from the control's
   // current one; returns how many controls were written.

@@ -51,6 +51,18 @@ class CodeExplorerPane final : public ToolPane, public addin::DocumentView {
     if (header.hwndFrom != tree_) return 0;
     if (header.code == NM_SETFOCUS) host_->ChildFocused();
     if (header.code == NM_DBLCLK) return GoToSelected() ? TRUE : FALSE;
+    if (header.code == NM_RCLICK) {
+      // The node under the pointer, which the tree does not select itself.
+      TVHITTESTINFO hit{};
+      ::GetCursorPos(&hit.pt);
+      const POINT screen = hit.pt;
+      ::ScreenToClient(tree_, &hit.pt);
+      if (const HTREEITEM item = TreeView_HitTest(tree_, &hit)) {
+        TreeView_SelectItem(tree_, item);
+        ShowContextMenu(item, screen);
+      }
+      return TRUE;
+    }
     return 0;
   }
   bool HandleKey(const MSG& message) override {
@@ -59,7 +71,21 @@ class CodeExplorerPane final : public ToolPane, public addin::DocumentView {
       if (!TreeView_GetSelection(tree_)) TreeView_SelectItem(tree_, TreeView_GetRoot(tree_));
       return true;
     }
-    if (message.hwnd != tree_ || message.wParam != VK_RETURN) return false;
+    if (message.hwnd != tree_) return false;
+    const bool menu_key = message.wParam == VK_APPS ||
+                          (message.wParam == VK_F10 && ::GetKeyState(VK_SHIFT) < 0);
+    if (menu_key) {
+      // Below the selected node, as a menu key opens menus in the IDE.
+      if (const HTREEITEM item = TreeView_GetSelection(tree_)) {
+        RECT rect{};
+        TreeView_GetItemRect(tree_, item, &rect, TRUE);
+        POINT screen{rect.left, rect.bottom};
+        ::ClientToScreen(tree_, &screen);
+        ShowContextMenu(item, screen);
+      }
+      return true;
+    }
+    if (message.wParam != VK_RETURN) return false;
     GoToSelected();
     return true;
   }
@@ -96,6 +122,20 @@ class CodeExplorerPane final : public ToolPane, public addin::DocumentView {
     // filtering, to show what matched.
     const bool open = depth < 2 || !document_->Filter().empty();
     if (open && !node.children.empty()) TreeView_Expand(tree_, item, TVE_EXPAND);
+  }
+
+  std::size_t PlaceIndex(HTREEITEM item) const {
+    TVITEMW data{};
+    data.mask = TVIF_PARAM;
+    data.hItem = item;
+    TreeView_GetItem(tree_, &data);
+    return static_cast<std::size_t>(data.lParam);
+  }
+
+  // The IDE's context bar runs its entries before ShowPopup returns; an
+  // entry may change the tree, so nothing of the item is used afterwards.
+  void ShowContextMenu(HTREEITEM item, POINT screen) {
+    document_->ShowContextMenu(PlaceIndex(item), int(screen.x), int(screen.y));
   }
 
   // A member, or a component without members; true when it went there.

@@ -187,6 +187,9 @@ class ComBar : public ICommandBar, public ComWrapper {
     return MakeCommandBarControl(object_.Wrap(control, "CommandBarControl"));
   }
   void Delete() override { object_.Call("Delete"); }
+  void ShowPopup(std::optional<int> x, std::optional<int> y) override {
+    object_.Call("ShowPopup", Args(OptionalLong(x), OptionalLong(y)));
+  }
 };
 
 class ComBars : public ide::ICommandBars, public ComWrapper {

@@ -444,8 +444,10 @@ void DialogWindow::Browse(std::size_t index) {
     open.lpstrFile = path.data();
     open.nMaxFile = static_cast<DWORD>(path.size());
     open.lpstrTitle = caption.c_str();
-    open.Flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-    if (!::GetOpenFileNameW(&open)) return;
+    // Writing: the command asks before it replaces a file.
+    open.Flags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR |
+                 (field.save ? OFN_PATHMUSTEXIST : OFN_FILEMUSTEXIST);
+    if (!(field.save ? ::GetSaveFileNameW(&open) : ::GetOpenFileNameW(&open))) return;
     path.resize(::wcslen(path.c_str()));
   } else {
     BROWSEINFOW browse{};

@@ -20,6 +20,12 @@ std::wstring KindText(toolwindows::NodeKind kind) {
     case toolwindows::NodeKind::kProcedure: return L"Sub";
     case toolwindows::NodeKind::kFunction: return L"Function";
     case toolwindows::NodeKind::kProperty: return L"Property";
+    case toolwindows::NodeKind::kEnum: return L"Enum";
+    case toolwindows::NodeKind::kEnumMember: return L"Enum member";
+    case toolwindows::NodeKind::kType: return L"Type";
+    case toolwindows::NodeKind::kConstant: return L"Const";
+    case toolwindows::NodeKind::kVariable: return L"Variable";
+    case toolwindows::NodeKind::kDeclare: return L"Declare";
     default: return ResourceText(2026);  // "Module"
   }
 }
@@ -130,8 +136,9 @@ class SearchPane final : public ToolPane, public addin::DocumentView {
   }
 
  private:
+  // Inserts a name at the caret or goes to the declaration (Choose).
   void GoTo(int row) {
-    if (row >= 0) document_->GoTo(static_cast<std::size_t>(row));
+    if (row >= 0) document_->Choose(static_cast<std::size_t>(row));
   }
 
   std::shared_ptr<addin::SearchDocument> document_;

@@ -259,6 +259,10 @@ HRESULT ToolWindowControl::TranslateAccelerator(LPMSG message) noexcept {
   if (!message || !window_ || !IsKeyMessage(message->message)) return S_FALSE;
   if (message->hwnd != window_.get() && !::IsChild(window_.get(), message->hwnd)) return S_FALSE;
   try {
+    // F10 comes as a system key; Shift+F10 opens a pane's context menu.
+    if (message->message == WM_SYSKEYDOWN && message->wParam == VK_F10 &&
+        pane_->HandleKey(*message))
+      return S_OK;
     if (message->message == WM_SYSKEYDOWN || message->message == WM_SYSCHAR ||
         message->message == WM_SYSKEYUP) {
       // Alt and a letter: the access key of one of our buttons, if any.

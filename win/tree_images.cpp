@@ -32,9 +32,20 @@ enum Image : int {
   kProperty,
   kPrivateProperty = kProperty + 1,
   kAccessor,
+  kEnum,
+  kPrivateEnum = kEnum + 1,
+  kType,
+  kPrivateType = kType + 1,
+  kConstant,
+  kPrivateConstant = kConstant + 1,
+  kVariable,
+  kPrivateVariable = kVariable + 1,
+  kDeclare,
+  kPrivateDeclare = kDeclare + 1,
+  kMember,
 };
 
-constexpr std::array<Glyph, 13> kGlyphs = {{
+constexpr std::array<Glyph, 24> kGlyphs = {{
     {L'P', RGB(0, 51, 128), true},     // project
     {0, RGB(240, 196, 64), true},      // folder
     {L'M', RGB(0, 120, 60), true},     // standard module
@@ -48,6 +59,17 @@ constexpr std::array<Glyph, 13> kGlyphs = {{
     {L'P', RGB(0, 128, 128), true},    // Property
     {L'P', RGB(0, 128, 128), false},   // private Property
     {L'\u00B7', RGB(0, 128, 128), true},  // Get, Let, Set
+    {L'E', RGB(150, 110, 0), true},    // Enum
+    {L'E', RGB(150, 110, 0), false},   // private Enum
+    {L'T', RGB(60, 100, 20), true},    // Type
+    {L'T', RGB(60, 100, 20), false},   // private Type
+    {L'K', RGB(160, 60, 40), true},    // Const
+    {L'K', RGB(160, 60, 40), false},   // private Const
+    {L'V', RGB(40, 80, 140), true},    // variable
+    {L'V', RGB(40, 80, 140), false},   // private variable
+    {L'D', RGB(90, 60, 120), true},    // Declare
+    {L'D', RGB(90, 60, 120), false},   // private Declare
+    {L'\u00B7', RGB(150, 110, 0), true},  // a member of an enum or type
 }};
 
 void DrawFolder(HDC dc, COLORREF colour) {
@@ -121,6 +143,13 @@ int TreeImageOf(const toolwindows::Node& node) {
     case NodeKind::kFunction: return kFunction + scope;
     case NodeKind::kProperty: return kProperty + scope;
     case NodeKind::kAccessor: return kAccessor;
+    case NodeKind::kEnum: return kEnum + scope;
+    case NodeKind::kType: return kType + scope;
+    case NodeKind::kConstant: return kConstant + scope;
+    case NodeKind::kVariable: return kVariable + scope;
+    case NodeKind::kDeclare: return kDeclare + scope;
+    case NodeKind::kEnumMember:
+    case NodeKind::kTypeMember: return kMember;
     case NodeKind::kComponent: break;
   }
   switch (node.component_type) {

@@ -62,6 +62,7 @@ std::vector<ControlLayout> ParseDesignerLayout(const std::vector<PhysicalLine>& 
       ControlLayout control;
       SplitBeginLine(text, control.prog_id, control.name);
       control.begin_line = i;
+      control.container = open.back();
       open.push_back(static_cast<int>(controls.size()));
       controls.push_back(std::move(control));
     } else if (EqualsIgnoreCase(word, "End")) {

@@ -16,6 +16,7 @@ struct ControlLayout {
   std::string prog_id;        // "VB.CommandButton"
   std::string name;           // "cmdOK"
   std::size_t begin_line = 0; // header index of its Begin line
+  int container = -1;         // ordinal of the control it sits in; -1: the root
   // Header indexes of its own `Key = value` lines, not those of nested
   // BeginProperty blocks or child controls.
   std::vector<std::size_t> property_lines;

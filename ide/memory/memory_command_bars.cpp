@@ -205,6 +205,11 @@ void MemoryCommandBar::Delete() {
   if (auto on_delete = std::move(on_delete_)) on_delete();
 }
 
+void MemoryCommandBar::ShowPopup(std::optional<int>, std::optional<int>) {
+  if (position_ != BarPosition::kPopup || deleted_) InvalidArgument();
+  ++popups_shown_;
+}
+
 std::shared_ptr<MemoryCommandBarControl> MemoryCommandBar::AddControl(ControlType type, int id,
                                                                       std::optional<int> before) {
   const int value = static_cast<int>(type);

@@ -122,6 +122,9 @@ class MemoryCommandBar : public ICommandBar, public std::enable_shared_from_this
                                                   bool recursive) override;
   // A built-in bar cannot be deleted (error 5).
   void Delete() override;
+  // Counts the showings; a test then clicks an entry with Execute.
+  void ShowPopup(std::optional<int> x, std::optional<int> y) override;
+  int PopupsShown() const { return popups_shown_; }
 
   std::shared_ptr<MemoryCommandBarControl> AddControl(ControlType type, int id,
                                                       std::optional<int> before);
@@ -144,6 +147,7 @@ class MemoryCommandBar : public ICommandBar, public std::enable_shared_from_this
   bool visible_ = false;
   bool enabled_ = true;
   bool deleted_ = false;
+  int popups_shown_ = 0;
   std::vector<std::shared_ptr<MemoryCommandBarControl>> controls_;
   std::function<void()> on_delete_;
 };

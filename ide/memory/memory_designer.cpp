@@ -194,6 +194,11 @@ std::string MemoryControl::ClassName() {
   return dot == std::string::npos ? prog_id : prog_id.substr(dot + 1);
 }
 
+std::string MemoryControl::ContainerName() {
+  const int container = designer_->Control(ordinal_).container;
+  return container < 0 ? std::string() : designer_->Control(std::size_t(container)).name;
+}
+
 std::string MemoryControl::Name() { return designer_->Control(ordinal_).name; }
 
 std::shared_ptr<ICollection<IProperty>> MemoryControl::Properties() {

@@ -56,6 +56,7 @@ class MemoryControl : public IControl {
   std::string ClassName() override;
   std::string ProgId() override;
   std::shared_ptr<ICollection<IProperty>> Properties() override;
+  std::string ContainerName() override;
   std::string Name();
 
  private:

@@ -11,6 +11,7 @@
 #include "ide/memory/memory_references.h"
 #include "ide/memory/memory_vbe.h"
 #include "ide/memory/source_file.h"
+#include "ide/memory/vbp_file.h"
 
 namespace tavrin::ide::memory {
 
@@ -210,7 +211,14 @@ Status MemoryProject::Save(platform::FileSystem& file_system) {
     references_changed_ = false;
   }
   if (!file_name_.empty()) {
-    if (Status status = file_system.WriteFile(file_name_, vbp_bytes_); !status) return status;
+    // The IDE writes the names components have now (a rename) into the
+    // project file.
+    const std::string bytes = RenameVbpMembers(vbp_bytes_, file_name_, [&](std::string_view path) {
+      for (const auto& component : components_)
+        if (component->FilePath() == path) return component->Name();
+      return std::string();
+    });
+    if (Status status = file_system.WriteFile(file_name_, bytes); !status) return status;
   }
   for (const auto& component : components_) {
     if (Status status = component->Save(file_system); !status) return status;

@@ -214,6 +214,45 @@ std::string AddVbpMember(std::string_view text, std::string_view key, std::strin
   return result;
 }
 
+std::string RenameVbpMembers(std::string_view text, std::string_view vbp_path,
+                             const std::function<std::string(std::string_view)>& name_of) {
+  std::string out;
+  out.reserve(text.size());
+  bool in_project_section = true;
+  while (!text.empty()) {
+    const auto end = text.find('\n');
+    const std::string_view whole = text.substr(0, end == std::string_view::npos ? text.size() : end + 1);
+    text.remove_prefix(whole.size());
+    std::string_view line = whole;
+    while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) line.remove_suffix(1);
+    const std::string_view breaks = whole.substr(line.size());
+    if (TrimBlanksAndTabs(line).starts_with('[')) in_project_section = false;
+    const auto equals = line.find('=');
+    const auto semicolon = line.find(';');
+    std::string name;
+    if (in_project_section && equals != std::string_view::npos && semicolon != std::string_view::npos &&
+        semicolon > equals) {
+      const std::string_view key = TrimBlanksAndTabs(line.substr(0, equals));
+      if (EqualsIgnoreCase(key, "Module") || EqualsIgnoreCase(key, "Class")) {
+        std::string path = Unquote(TrimBlanksAndTabs(line.substr(semicolon + 1)));
+        for (char& c : path) {
+          if (c == '\\') c = '/';
+        }
+        name = name_of(ResolveMemberPath(vbp_path, path));
+      }
+    }
+    if (name.empty()) {
+      out += whole;
+    } else {
+      out += line.substr(0, equals + 1);
+      out += name;
+      out += line.substr(semicolon);
+      out += breaks;
+    }
+  }
+  return out;
+}
+
 std::string ResolveMemberPath(std::string_view vbp_path, std::string_view member) {
   if (IsAbsolute(member)) return std::string(member);
   const auto slash = vbp_path.find_last_of("/\\");

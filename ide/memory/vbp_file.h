@@ -2,6 +2,7 @@
 // project's name, the files of its components and its references.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -46,6 +47,13 @@ std::string ReplaceVbpReferences(std::string_view vbp_bytes, const std::vector<s
 // in the file's own line breaks.
 std::string AddVbpMember(std::string_view text, std::string_view key, std::string_view name,
                          std::string_view path);
+
+// The project file with the name of each `Module=Name; path` and
+// `Class=Name; path` line set to name_of(the member's resolved path), where
+// that is not empty; every other byte as it was. A component renamed in the
+// IDE is saved so.
+std::string RenameVbpMembers(std::string_view text, std::string_view vbp_path,
+                             const std::function<std::string(std::string_view)>& name_of);
 
 // A member path relative to the folder of the .vbp file.
 std::string ResolveMemberPath(std::string_view vbp_path, std::string_view member);

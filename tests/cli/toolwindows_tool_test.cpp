@@ -21,9 +21,9 @@ class ToolWindowsToolTest : public ToolFixture {
 TEST_F(ToolWindowsToolTest, TreeAsTextAndJson) {
   const ToolRun text = Run({"tree", project_});
   ASSERT_EQ(text.status, 0) << text.err;
-  EXPECT_EQ(text.out.substr(0, 58),
-            "Inventory\n  Modules\n    basMain\n      Main Public :19\n    ");
-  EXPECT_NE(text.out.find("  Class Modules\n    clsStockItem\n      Code "
+  EXPECT_EQ(text.out.substr(0, 70),
+            "Inventory\n  Modules\n    basMain\n      APP_TITLE (Const) Public :5\n    ");
+  EXPECT_NE(text.out.find("      mPrice Private :7\n      Code "
                           "(Property)\n        Get :12\n"),
             std::string::npos);
 

@@ -29,6 +29,12 @@ constexpr std::string_view kSampleTree =
     "Inventory\n"
     "  Modules\n"
     "    basMain\n"
+    "      APP_TITLE (Const) Public :5\n"
+    "      STOCK_FILE (Const) Private :6\n"
+    "      GetTickCount (Declare) Private :8\n"
+    "      GetPrivateProfileString (Declare) Private :9\n"
+    "      gItems Public :15\n"
+    "      mLastError Private :16\n"
     "      Main Public :19\n"
     "      LoadStock (Function) Public :29\n"
     "      ParseItem (Function) Private :58\n"
@@ -37,6 +43,10 @@ constexpr std::string_view kSampleTree =
     "      Elapsed (Function) Public :106\n"
     "  Class Modules\n"
     "    clsStockItem\n"
+    "      mCode Private :4\n"
+    "      mDescription Private :5\n"
+    "      mQuantity Private :6\n"
+    "      mPrice Private :7\n"
     "      Code (Property)\n"
     "        Get :12\n"
     "        Let :16\n"
@@ -72,7 +82,10 @@ TEST_F(CodeExplorerTest, NodesCarryTheKindForTheIcon) {
   const Node& classes = tree[0].children[1];
   EXPECT_EQ(classes.kind, NodeKind::kFolder);
   EXPECT_EQ(classes.component_type, ide::ComponentType::kClassModule);
-  const Node& property = classes.children[0].children[0];
+  const Node& variable = classes.children[0].children[0];
+  EXPECT_EQ(variable.kind, NodeKind::kVariable);
+  EXPECT_FALSE(variable.is_public);
+  const Node& property = classes.children[0].children[4];
   EXPECT_EQ(property.kind, NodeKind::kProperty);
   EXPECT_TRUE(property.is_public);
   EXPECT_EQ(property.children[1].proc_kind, ide::ProcKind::kLet);
@@ -84,7 +97,7 @@ TEST_F(CodeExplorerTest, RefreshReadsTheChangedComponentAlone) {
   explorer_.Refresh(*module->Parent());
   EXPECT_EQ(explorer_.ComponentReads(), 5);
   const auto members = explorer_.Tree()[0].children[0].children[0].children;
-  ASSERT_EQ(members.size(), 7u);
+  ASSERT_EQ(members.size(), 13u);  // six declarations, seven procedures
   EXPECT_EQ(members.back().caption, "Added");
 
   explorer_.Rename("Inventory", "frmAbout", "frmZAbout");

@@ -178,6 +178,11 @@ ComPtr<IDispatch> MakeBar(std::shared_ptr<ICommandBar> bar, std::shared_ptr<Memo
                                    wrap);
                  }),
           Method(L"Delete", 0, 0, [b](HostCall&) { b->Delete(); return Done(); }),
+          Method(L"ShowPopup", 0, 2,
+                 [b](HostCall& call) {
+                   b->ShowPopup(OptionalInt(call, 0), OptionalInt(call, 1));
+                   return Done();
+                 }),
       },
       bar);
 }

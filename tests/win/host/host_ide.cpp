@@ -190,24 +190,30 @@ ComPtr<IDispatch> MakeDesigner(std::shared_ptr<IDesigner> designer) {
   }, designer);
 }
 
-// VBComponents, which also adds a component by type and removes one.
+// Add, Remove and Import, which raise the model's component events.
 ComPtr<IDispatch> MakeComponents(std::shared_ptr<IProject> project) {
   const auto components = project->VBComponents();
   return MakeCollection<IComponent>(
       components, &MakeComponent, [project] { return ObjectOf(project, &MakeProject); },
-      {Method(L"Add", 1, 1,
-              [components](HostCall& call) {
-                return ObjectOf<IComponent>(
-                    components->Add(static_cast<ComponentType>(call.Long(0))), &MakeComponent);
-              }),
-       Method(L"Remove", 1, 1, [components](HostCall& call) {
-         const auto object = call.Object(0);
-         const auto component =
-             object ? std::static_pointer_cast<IComponent>(HostIdentity(object.get())) : nullptr;
-         if (!component) throw ide::Error(13, "Type mismatch");
-         components->Remove(*component);
-         return Variant();
-       })});
+      {
+          Method(L"Add", 1, 1,
+                 [components](HostCall& call) {
+                   return ObjectOf(components->Add(static_cast<ComponentType>(call.Long(0))),
+                                   &MakeComponent);
+                 }),
+          Method(L"Remove", 1, 1,
+                 [components](HostCall& call) {
+                   const auto component =
+                       std::static_pointer_cast<IComponent>(HostIdentity(call.Object(0).get()));
+                   if (!component) throw HostFailure{DISP_E_TYPEMISMATCH};
+                   components->Remove(*component);
+                   return Variant();
+                 }),
+          Method(L"Import", 1, 1,
+                 [components](HostCall& call) {
+                   return ObjectOf(components->Import(call.String(0)), &MakeComponent);
+                 }),
+      });
 }
 
 ComPtr<IDispatch> MakeComponent(std::shared_ptr<IComponent> component) {
@@ -225,6 +231,11 @@ ComPtr<IDispatch> MakeComponent(std::shared_ptr<IComponent> component) {
                [component] {
                  return Variant::Object(MakeComponents(component->Project()).get());
                }),
+      Method(L"Export", 1, 1,
+             [component](HostCall& call) {
+               component->Export(call.String(0));
+               return Variant();
+             }),
   }, component);
 }
 

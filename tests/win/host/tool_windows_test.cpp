@@ -309,6 +309,39 @@ TEST_F(ToolWindowsTest, CodeExplorerShowsTheProjectAndGoesToMembers) {
   SaveWindowPng(frame->Frame(), L"code_explorer");
 }
 
+// The context bar opens on the node under the pointer, or on the selected
+// one from the keyboard, and its entries act on that node.
+TEST_F(ToolWindowsTest, CodeExplorerContextMenuOpensOnTheNode) {
+  Session session;
+  const auto frame = session.Frame(L"Tavrin.docCodeExplorer");
+  ASSERT_NE(frame, nullptr);
+  const HWND control = frame->ControlWindow();
+  const HWND tree = ::GetDlgItem(control, win::kExplorerTreeId);
+  const auto popup = std::dynamic_pointer_cast<ide::memory::MemoryCommandBar>(
+      session.Memory().CommandBars()->Item("CodeExplorerPopUp"));
+  ASSERT_NE(popup, nullptr);
+  const HTREEITEM item = FindItem(tree, L"/Inventory/Forms/frmAbout");
+  ASSERT_NE(item, nullptr);
+  RECT rect{};
+  TreeView_GetItemRect(tree, item, &rect, TRUE);
+  POINT point{(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+  ::ClientToScreen(tree, &point);
+  ::SetCursorPos(point.x, point.y);
+  NMHDR click{tree, static_cast<UINT_PTR>(win::kExplorerTreeId), static_cast<UINT>(NM_RCLICK)};
+  ::SendMessageW(control, WM_NOTIFY, win::kExplorerTreeId, reinterpret_cast<LPARAM>(&click));
+  EXPECT_EQ(popup->PopupsShown(), 1);
+  EXPECT_EQ(TreeView_GetSelection(tree), item) << "the node under the pointer";
+  const auto add_module = FindIn(*popup->Controls(), "Add &Module");
+  ASSERT_NE(add_module, nullptr);
+  add_module->Execute();
+  EXPECT_NE(FindItem(tree, L"/Inventory/Modules/Module1"), nullptr);
+  EXPECT_EQ(ActiveComponent(session.Memory()), "Module1");
+  // The keys that open a context menu, while the tree has the focus.
+  ::SetFocus(tree);
+  frame->SendKey(tree, VK_APPS);
+  EXPECT_EQ(popup->PopupsShown(), 2);
+}
+
 TEST_F(ToolWindowsTest, SearchRanksAsYouTypeAndEnterGoesThere) {
   Session session;
   const auto frame = session.Frame(L"Tavrin.docDirectAccess");
@@ -320,9 +353,11 @@ TEST_F(ToolWindowsTest, SearchRanksAsYouTypeAndEnterGoesThere) {
   ::SetFocus(edit);
   ::SetWindowTextW(edit, L"stock");
   ASSERT_GE(ListView_GetItemCount(list), 4);
-  // Prefix matches first, shorter names first.
-  EXPECT_EQ(ListText(list, 0, 0), L"StockLevel");
-  EXPECT_EQ(ListText(list, 0, 2), L"basMain");
+  // Prefix matches first, shorter names first, then by name.
+  EXPECT_EQ(ListText(list, 0, 0), L"STOCK_FILE");
+  EXPECT_EQ(ListText(list, 0, 1), L"Const");
+  EXPECT_EQ(ListText(list, 1, 0), L"StockLevel");
+  EXPECT_EQ(ListText(list, 1, 2), L"basMain");
   // Down goes into the list, Tab on to the builders' buttons: the control
   // takes these keys before the IDE does.
   frame->SendKey(edit, VK_DOWN);
@@ -335,7 +370,7 @@ TEST_F(ToolWindowsTest, SearchRanksAsYouTypeAndEnterGoesThere) {
   frame->SendKey(edit, VK_RETURN);
   EXPECT_EQ(ActiveComponent(session.Memory()), "clsStockItem");
   EXPECT_EQ(Caret(session.Memory()).start_line, ToStringLine(session));
-  ::SetWindowTextW(edit, L"load");
+  ::SetWindowTextW(edit, L"st");
   SaveWindowPng(frame->Frame(), L"shortcuts_and_search");
 }
 
