@@ -116,7 +116,7 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
                                        RunAddBlockItem, RunCodeLineBuilder, RunTipOfTheDay,
                                        RunAbout, RunImportFile, RunInsertVariable,
                                        RunExplicitArguments, RunAddPathConstant,
-                                       RunSelectFromEnum, RunAddClass}));
+                                       RunSelectFromEnum, RunAddClass, RunSaveFragment}));
 }
 
 TEST_F(ClickTest, CodeCommandsDoNothingWithoutACodeWindow) {
