@@ -1,5 +1,6 @@
 #include "addin/fragment_commands.h"
 
+#include <cstdio>
 #include <memory>
 #include <optional>
 
@@ -36,6 +37,41 @@ class Profiles {
   std::unique_ptr<platform::PortableProfileFile> own_;
   platform::ProfileFile* profiles_ = nullptr;
 };
+
+enum class ReferenceOutcome { kPresent, kAdded, kCannotAdd };
+
+std::string_view FileNameOf(std::string_view path) {
+  const auto slash = path.find_last_of("\\/");
+  return slash == std::string_view::npos ? path : path.substr(slash + 1);
+}
+
+// A reference of "tvrrefra.ini" is a library's name ("ADODB"), its GUID with
+// an optional version ("{00000205-0000-0010-8000-00AA006D2EA4}#2.5"), or the
+// path of its file. A name alone names no file to add.
+ReferenceOutcome AddReference(ide::IReferences& present, std::string_view wanted) {
+  const std::string_view guid = wanted.substr(0, wanted.find('#'));
+  const bool by_guid = guid.starts_with('{');
+  const bool by_path = !by_guid && wanted.find_first_of("\\/.") != std::string_view::npos;
+  for (int i = 1; i <= present.Count(); ++i) {
+    const auto reference = present.Item(i);
+    if (by_guid ? EqualsIgnoreCase(reference->Guid(), guid)
+        : by_path ? EqualsIgnoreCase(FileNameOf(reference->FullPath()), FileNameOf(wanted))
+                  : EqualsIgnoreCase(reference->Name(), wanted))
+      return ReferenceOutcome::kPresent;
+  }
+  if (by_path) {
+    present.AddFromFile(wanted);
+    return ReferenceOutcome::kAdded;
+  }
+  if (!by_guid) return ReferenceOutcome::kCannotAdd;
+  int major = 0, minor = 0;
+  if (const auto hash = wanted.find('#'); hash != std::string_view::npos) {
+    const std::string version(wanted.substr(hash + 1));
+    if (std::sscanf(version.c_str(), "%d.%d", &major, &minor) < 1) major = 0;
+  }
+  present.AddFromGuid(guid, major, minor);
+  return ReferenceOutcome::kAdded;
+}
 
 // Each non-empty line moved right by the margin.
 std::string Indented(std::string_view text, int margin) {
@@ -117,12 +153,30 @@ bool InsertFragment(Context& context, const fragments::FragmentEntry& fragment,
 void AddFragmentReferences(Context& context, const fragments::FragmentEntry& fragment,
                            const std::vector<std::string>& references) {
   if (references.empty()) return;
-  std::string list;
-  for (const std::string& reference : references) list += "\r\n    " + reference;
-  Tell(context,
-       "The fragment '" + fragment.name + "' uses these references:" + list +
-           "\r\n\r\nAdd the ones the project lacks with Project > References.",
-       platform::Icon::kInformation);
+  const auto project = context.vbe.ActiveVBProject();
+  const auto present = project ? project->References() : nullptr;
+  std::string added, lacking;
+  for (const std::string& reference : references) {
+    try {
+      switch (present ? AddReference(*present, reference) : ReferenceOutcome::kCannotAdd) {
+        case ReferenceOutcome::kPresent: break;
+        case ReferenceOutcome::kAdded: added += "\r\n    " + reference; break;
+        case ReferenceOutcome::kCannotAdd: lacking += "\r\n    " + reference; break;
+      }
+    } catch (const ide::Error& error) {
+      lacking += "\r\n    " + reference + " (" + error.what() + ")";
+    }
+  }
+  std::string text;
+  if (!added.empty())
+    text = "The fragment '" + fragment.name + "' needs these references, now added to the project:" +
+           added;
+  if (!lacking.empty())
+    text += (text.empty() ? "" : "\r\n\r\n") + ("The fragment '" + fragment.name +
+                                                  "' uses these references:" + lacking +
+                                                  "\r\n\r\nAdd the ones the project lacks with "
+                                                  "Project > References.");
+  if (!text.empty()) Tell(context, text, platform::Icon::kInformation);
 }
 
 bool InsertFragmentCommand(Context& context) {

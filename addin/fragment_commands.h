@@ -24,11 +24,10 @@ class CommandHost;
 bool InsertFragment(Context& context, const fragments::FragmentEntry& fragment,
                     const fragments::VariableValues& given = {});
 
-// The one place that gives the project the references a fragment needs
-// ("tvrrefra.ini"). The IDE model has no references collection yet, so the
-// references are named to the user in one message; when it has one, the
-// missing ones are added here (AddFromGuid / AddFromFile) and the message
-// names only those that could not be added.
+// The one place that gives the active project the references a fragment
+// needs ("tvrrefra.ini"): those given by GUID or file are added when the
+// project lacks them; the user is told what was added and what to add by
+// hand (a library named only, or one the IDE refused).
 void AddFragmentReferences(Context& context, const fragments::FragmentEntry& fragment,
                            const std::vector<std::string>& references);
 

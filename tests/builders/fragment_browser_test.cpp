@@ -61,6 +61,33 @@ class FragmentInsertTest : public CodePaneTest {
   builders::ScriptedDialogHost host_;
 };
 
+// "tvrrefra.ini": a GUID is added once, a name alone is named to the user.
+TEST_F(FragmentInsertTest, AddsTheReferencesTheProjectLacks) {
+  Write("vbcode/Library/Db.bas", "Attribute VB_Name = \"Db\"\r\n' db\r\n");
+  Write("tvrrefra.ini",
+        "[fragments/reference]\r\nDb.bas={00000205-0000-0010-8000-00AA006D2EA4}#2.5,DAO\r\n");
+  const struct {
+    const char* message;
+  } runs[] = {
+      {"The fragment 'Db.bas' needs these references, now added to the project:\r\n"
+       "    {00000205-0000-0010-8000-00AA006D2EA4}#2.5\r\n\r\n"
+       "The fragment 'Db.bas' uses these references:\r\n    DAO\r\n\r\n"
+       "Add the ones the project lacks with Project > References."},
+      {"The fragment 'Db.bas' uses these references:\r\n    DAO\r\n\r\n"
+       "Add the ones the project lacks with Project > References."},
+  };
+  for (const auto& run : runs) {
+    ui_.boxes_shown.clear();
+    ASSERT_TRUE(Insert("Db"));
+    ASSERT_EQ(ui_.boxes_shown.size(), 1u);
+    EXPECT_EQ(ui_.boxes_shown[0].text, run.message);
+  }
+  const auto references = project_->References();
+  ASSERT_EQ(references->Count(), 1);
+  EXPECT_EQ(references->Item(1)->Guid(), "{00000205-0000-0010-8000-00AA006D2EA4}");
+  EXPECT_EQ(references->Item(1)->Major(), 2);
+}
+
 TEST_F(FragmentInsertTest, ExpandsIncludesCyclesAndMissingFiles) {
   Write("vbcode/Fragments/Top.bas",
         "' by {AUTHOR}\r\n{INCLUDE Fragments\\Inner.bas}\r\n{INCLUDE Fragments\\Gone.bas}\r\n");
