@@ -33,6 +33,7 @@ class BlockDialog : public DialogModel {
   BlockDialog(DeclarationTarget target, BlockKind kind);
 
   std::string Title() const override;
+  std::string HelpTopic() const override { return "variables.html"; }
   std::vector<Field>& Fields() override { return fields_; }
   void Changed(std::string_view id) override;
   std::optional<Refusal> Accept() override;
@@ -56,6 +57,7 @@ class BlockItemDialog : public DialogModel {
   BlockItemDialog(DeclarationTarget target, BlockKind kind);
 
   std::string Title() const override;
+  std::string HelpTopic() const override { return "variables.html"; }
   std::vector<Field>& Fields() override { return fields_; }
   void Changed(std::string_view id) override;
   std::optional<Refusal> Accept() override;

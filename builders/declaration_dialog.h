@@ -20,6 +20,7 @@ class DeclarationDialog : public DialogModel {
  public:
   std::vector<Field>& Fields() override { return fields_; }
   void Changed(std::string_view) override { Refresh(); }
+  std::string HelpTopic() const override { return "variables.html"; }
 
   virtual scan::DeclScope Scope() const = 0;
   virtual std::string Type() const = 0;

@@ -39,6 +39,7 @@ class PropertyDialog : public DialogModel {
                  std::string type = "");
 
   std::string Title() const override { return std::string(kPropertyDialogTitle); }
+  std::string HelpTopic() const override { return "variables.html"; }
   std::vector<Field>& Fields() override { return fields_; }
   void Changed(std::string_view id) override;
   std::optional<Refusal> Accept() override;
