@@ -48,11 +48,6 @@ std::shared_ptr<ide::IComponent> SelectedComponent(CommandHost& host) {
   return target.component;
 }
 
-void RunRow(CommandHost& host, std::string_view handler) {
-  const CommandRow* row = FindCommand(handler);
-  if (row && row->run) row->run(host, row->argument);
-}
-
 bool HasCode(ide::IComponent& component) {
   try {
     return component.CodeModule() != nullptr;
@@ -61,10 +56,10 @@ bool HasCode(ide::IComponent& component) {
   }
 }
 
-// Selects every line of the component's pane and runs the table's line
-// numbers command over it.
+// Selects every line of the component's pane and runs the line numbers
+// command over it.
 void NumberWholeComponent(CommandHost& host, ide::IComponent& component,
-                          std::string_view handler) {
+                          std::string_view add_or_remove) {
   if (!HasCode(component)) return;
   const auto module = component.CodeModule();
   const int count = module->CountOfLines();
@@ -73,7 +68,7 @@ void NumberWholeComponent(CommandHost& host, ide::IComponent& component,
   pane->Show();
   const int last_length = int(module->Lines(count, 1).size());
   pane->SetSelection({1, 1, count, last_length + 1});
-  RunRow(host, handler);
+  RunLineNumbers(host, add_or_remove);
   pane->SetSelection({1, 1, 1, 1});
 }
 
@@ -124,24 +119,21 @@ void RunExplorerHtml(CommandHost& host, std::string_view print) {
                        print == "Print");
 }
 
-void RunExplorerCommand(CommandHost& host, std::string_view handler) {
+void ShowNodeCode(CommandHost& host) {
   const Target target = Selection(host);
   if (target.component && HasCode(*target.component))
     GoToMember(host.CommandContext().vbe, target.place);
-  RunRow(host, handler);
 }
 
 void RunExplorerLineNumbers(CommandHost& host, std::string_view add_or_remove) {
-  const std::string_view handler =
-      add_or_remove == "Add" ? "mnuhLineNumbersAdd_Click" : "mnuhLineNumbersRemove_Click";
   const Target target = Selection(host);
   if (target.component) {
-    NumberWholeComponent(host, *target.component, handler);
+    NumberWholeComponent(host, *target.component, add_or_remove);
     return;
   }
   const auto components = target.project->VBComponents();
   for (int i = 1; i <= components->Count(); ++i)
-    NumberWholeComponent(host, *components->Item(i), handler);
+    NumberWholeComponent(host, *components->Item(i), add_or_remove);
 }
 
 }  // namespace tavrin::addin

@@ -7,6 +7,8 @@
 
 #include <string_view>
 
+#include "addin/command_table.h"
+
 namespace tavrin::addin {
 
 class CommandHost;
@@ -21,8 +23,13 @@ void RunExplorerExport(CommandHost& host, std::string_view);
 // The node's component (or member) as a coloured page: "Print" opens it
 // with the browser's print dialog, anything else only shows it.
 void RunExplorerHtml(CommandHost& host, std::string_view print);
-// Shows the node's code pane and runs the table's command of that handler.
-void RunExplorerCommand(CommandHost& host, std::string_view handler);
+// Shows the node's code pane, so the add-in's own command acts on it.
+void ShowNodeCode(CommandHost& host);
+template <Operation kRun>
+void RunOnExplorerNode(CommandHost& host, std::string_view argument) {
+  ShowNodeCode(host);
+  kRun(host, argument);
+}
 // "Add" or "Remove": line numbers over the whole component, or over every
 // component of the project for a project or folder node.
 void RunExplorerLineNumbers(CommandHost& host, std::string_view add_or_remove);
