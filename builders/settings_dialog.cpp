@@ -25,21 +25,10 @@ using settings::IniItemType;
 using settings::Item;
 using settings::Section;
 
-// The catalogue's mappings cannot miss for the items of the catalogue.
-class SilentUi : public platform::Ui {
- public:
-  platform::Answer MessageBox(std::string_view, platform::Buttons, platform::Icon,
-                              std::string_view) override {
-    return platform::Answer::kOk;
-  }
-  std::optional<std::string> InputBox(std::string_view, std::string_view,
-                                      std::string_view) override {
-    return std::nullopt;
-  }
-};
 
-SilentUi& Silent() {
-  static SilentUi ui;
+// The catalogue's mappings cannot miss for the items of the catalogue.
+platform::SilentUi& Silent() {
+  static platform::SilentUi ui;
   return ui;
 }
 

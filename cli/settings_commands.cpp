@@ -21,18 +21,6 @@ std::string Dump(const nlohmann::ordered_json& json) {
   return json.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
 }
 
-// A silent Ui for the catalogue's mappings, which cannot miss here.
-class NoUi : public platform::Ui {
- public:
-  platform::Answer MessageBox(std::string_view, platform::Buttons, platform::Icon,
-                              std::string_view) override {
-    return platform::Answer::kOk;
-  }
-  std::optional<std::string> InputBox(std::string_view, std::string_view,
-                                      std::string_view) override {
-    return std::nullopt;
-  }
-};
 
 struct SettingsArguments {
   bool interactive = false;
@@ -41,7 +29,7 @@ struct SettingsArguments {
 };
 
 void PrintSettings(const fragments::Settings& loaded, bool json) {
-  NoUi ui;
+  platform::SilentUi ui;
   nlohmann::ordered_json list = nlohmann::ordered_json::array();
   for (int i = 0; i < settings::kItemCount; ++i) {
     const Item item = static_cast<Item>(i);
@@ -90,7 +78,7 @@ int RunSettings(const GlobalOptions& globals, const SettingsArguments& arguments
 int RunSettingsSet(const GlobalOptions& globals, const SettingsArguments& arguments) {
   const auto item = settings::ItemOfKey(arguments.key);
   if (!item) throw UsageError("unknown setting '" + arguments.key + "'; see tavrin settings");
-  NoUi ui;
+  platform::SilentUi ui;
   const std::string key = settings::Item2Name(*item, ui);
   const settings::SettingValue value = CheckedValue(*item, arguments.value);
   AddinSession session(globals);

@@ -24,6 +24,19 @@ class Ui {
                                               std::string_view default_text) = 0;
 };
 
+// Says nothing and asks nothing: for calls whose messages were shown before
+// or cannot arise.
+class SilentUi : public Ui {
+ public:
+  Answer MessageBox(std::string_view, Buttons, Icon, std::string_view) override {
+    return Answer::kOk;
+  }
+  std::optional<std::string> InputBox(std::string_view, std::string_view,
+                                      std::string_view) override {
+    return std::nullopt;
+  }
+};
+
 // The title of the add-in's message boxes.
 inline constexpr std::string_view kAppTitle = "Tavrin";
 

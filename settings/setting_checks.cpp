@@ -49,16 +49,7 @@ std::optional<std::string> TextProblem(std::string_view key, IniItemType type,
 }
 
 std::optional<std::string> SettingTextProblem(Item item, std::string_view text) {
-  struct Silent : platform::Ui {
-    platform::Answer MessageBox(std::string_view, platform::Buttons, platform::Icon,
-                                std::string_view) override {
-      return platform::Answer::kOk;
-    }
-    std::optional<std::string> InputBox(std::string_view, std::string_view,
-                                        std::string_view) override {
-      return std::nullopt;
-    }
-  } ui;
+  platform::SilentUi ui;
   const std::string key = Item2Name(item, ui);
   if (item == Item::kAutoPrefixVariableName) {
     const std::string_view trimmed = TrimBlanks(text);

@@ -100,24 +100,12 @@ bool LoadFile(ValueTable& values, const SettingsServices& services, const std::s
   return marked;
 }
 
-// The catalogue's messages and conversion problems were shown by the load
-// before; a reload after the settings dialog does not show them again.
-class QuietUi : public platform::Ui {
- public:
-  platform::Answer MessageBox(std::string_view, platform::Buttons, platform::Icon,
-                              std::string_view) override {
-    return platform::Answer::kOk;
-  }
-  std::optional<std::string> InputBox(std::string_view, std::string_view,
-                                      std::string_view) override {
-    return std::nullopt;
-  }
-};
 
 // Opens the settings dialog and reads back what it wrote.
 void ShowDialogAndReload(ValueTable& values, const SettingsServices& services) {
   services.dialog.ShowModal();
-  QuietUi quiet;
+  // The load before showed the catalogue's messages and conversion problems.
+  platform::SilentUi quiet;
   const SettingsServices reload{services.profiles, services.files, quiet, services.dialog,
                                 services.addin_folder};
   LoadValueTable(values, reload, false);
