@@ -76,11 +76,9 @@ TEST_F(CodeLineBuilderTest, InsertsTheCallBelowTheCaretLine) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.inserted[0]);
-    vbe_ = ide::memory::MemoryVbe::Create();
-    Context context{*vbe_, ui_, options_, &settings_, nullptr, &host_};
     OpenProject(kModule, 6, 5);
     host_.Answer(std::string(builders::kCodeLineDialogTitle), c.script);
-    ASSERT_TRUE(InsertCodeLine(context));
+    ASSERT_TRUE(InsertCodeLine(context_));
     Lines expected(kModule.begin(), kModule.begin() + 6);
     expected.insert(expected.end(), c.inserted.begin(), c.inserted.end());
     expected.push_back("End Sub");
@@ -117,6 +115,7 @@ TEST_F(CodeLineBuilderTest, LibraryFilesAreModules) {
 }
 
 TEST_F(CodeLineBuilderTest, OnErrorGoToAndDebugPrintPickInTheListDialog) {
+  context_.settings = nullptr;  // the default label
   const Lines code = {"Sub A(n As Long)", "    Dim name As String", "", "Retry:", "End Sub"};
   const struct {
     std::string command;
@@ -132,11 +131,9 @@ TEST_F(CodeLineBuilderTest, OnErrorGoToAndDebugPrintPickInTheListDialog) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.inserted);
-    vbe_ = ide::memory::MemoryVbe::Create();
-    Context context{*vbe_, ui_, options_, nullptr, nullptr, &host_};
     Open(code, 3, 5);
     host_.Answer(std::string(TrimBlanks(c.command)), c.script);
-    ASSERT_TRUE(InsertCodeLines(context, c.command));
+    ASSERT_TRUE(InsertCodeLines(context_, c.command));
     EXPECT_EQ(Code()[2], c.inserted);
     EXPECT_TRUE(host_.errors.empty()) << host_.errors[0];
   }

@@ -46,12 +46,10 @@ TEST_F(CodeLineCommandsTest, SelectCaseFamily) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.command + " / " + c.code[0] + " / " + c.answer);
-    vbe_ = ide::memory::MemoryVbe::Create();
-    Context context{*vbe_, ui_, options_};
     Open(c.code, 2, 1);
     ui_.input_answers = {c.answer};
     ui_.inputs_asked.clear();
-    ASSERT_TRUE(InsertCodeLines(context, c.command));
+    ASSERT_TRUE(InsertCodeLines(context_, c.command));
     Lines expected = {c.code[0]};
     expected.insert(expected.end(), c.expected_block.begin(), c.expected_block.end());
     expected.push_back(c.code[2]);
@@ -76,11 +74,9 @@ TEST_F(CodeLineCommandsTest, CancelInsertsNothing) {
   for (const std::string command :
        {"Select Case", "On Error GoTo", "Resume", "GoTo", "Debug.Print "}) {
     SCOPED_TRACE(command);
-    vbe_ = ide::memory::MemoryVbe::Create();
-    Context context{*vbe_, ui_, options_};
     Open({"Sub A()", "", "End Sub"}, 2, 1);
     ui_.input_answers = {std::nullopt};
-    InsertCodeLines(context, command);
+    InsertCodeLines(context_, command);
     EXPECT_EQ(Code(), (Lines{"Sub A()", "", "End Sub"}));
   }
 }
@@ -104,13 +100,11 @@ TEST_F(CodeLineCommandsTest, OneLineCommands) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.command + " / " + c.answer.value_or("-"));
-    vbe_ = ide::memory::MemoryVbe::Create();
-    Context context{*vbe_, ui_, options_};
     Open({"Sub A()", "    x = 1", "End Sub"}, 2, 5);
     ui_.input_answers.clear();
     ui_.inputs_asked.clear();
     if (c.answer) ui_.input_answers = {*c.answer};
-    ASSERT_TRUE(InsertCodeLines(context, c.command));
+    ASSERT_TRUE(InsertCodeLines(context_, c.command));
     EXPECT_EQ(Code(), (Lines{"Sub A()", "    x = 1", c.expected_line, "End Sub"}));
     const int end = static_cast<int>(c.expected_line.size()) + 1;
     EXPECT_EQ(Selection(), CaretAt(3, end));
@@ -131,10 +125,8 @@ TEST_F(CodeLineCommandsTest, ExitNamesTheKindOfTheProcedure) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.declaration);
-    vbe_ = ide::memory::MemoryVbe::Create();
-    Context context{*vbe_, ui_, options_};
     Open({c.declaration, "    x = 1", c.end}, 2, 1);
-    InsertCodeLines(context, "Exit");
+    InsertCodeLines(context_, "Exit");
     EXPECT_EQ(Code(), (Lines{c.declaration, "    x = 1", c.expected, c.end}));
   }
 }
@@ -174,15 +166,6 @@ TEST_F(CodeLineCommandsTest, ErrorHandlingTwiceChangesNothingTheSecondTime) {
   ASSERT_EQ(ui_.boxes_shown.size(), 1u);
   EXPECT_EQ(ui_.boxes_shown[0].text,
             "The procedure A already has the label HandleExit: it has an error handler.");
-}
-
-TEST_F(CodeLineCommandsTest, ErrorHandlingWithTheModulePresentAsksNothing) {
-  Open({"Sub A()", "End Sub"}, 1, 1);
-  project_->AddComponent(ide::ComponentType::kStdModule, "basErrorHandle", "");
-  pane_->Show();
-  InsertCodeLines(context_, "ErrorHandling");
-  EXPECT_TRUE(ui_.boxes_shown.empty());
-  EXPECT_EQ(Code().size(), 9u);
 }
 
 TEST_F(CodeLineCommandsTest, TheSettingsAndTheCodeFoldersOfTheContextAreUsed) {

@@ -41,11 +41,9 @@ TEST_F(CodeLinesTest, ElseIfCountAnswers) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.command + " / " + c.answer);
-    vbe_ = ide::memory::MemoryVbe::Create();
-    Context context{*vbe_, ui_, options_};
     Open({""}, 1, 1);
     ui_.input_answers = {c.answer};
-    InsertCodeLines(context, c.command);
+    InsertCodeLines(context_, c.command);
     EXPECT_EQ(static_cast<int>(Code().size()), c.expected_lines);
   }
 }
@@ -68,10 +66,9 @@ TEST_F(CodeLinesTest, AnAbsurdElseIfCountIsRefusedWithAMessage) {
 }
 
 TEST_F(CodeLinesTest, TabWidthTwoIndentsTheBodyByTwo) {
-  platform::FixedIdeOptions two(2);
-  Context context{*vbe_, ui_, two};
+  options_ = platform::FixedIdeOptions(2);
   Open({"    x = 1", ""}, 2, 1);
-  InsertCodeLines(context, "If Then Else");
+  InsertCodeLines(context_, "If Then Else");
   EXPECT_EQ(Code(), (Lines{"    x = 1", "    If  Then", "      ", "    Else", "      ",
                            "    End If"}));
 }
@@ -91,42 +88,40 @@ TEST_F(CodeLinesTest, LoopBlocksLeaveTheCaretWhereTheUserTypesNext) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.command);
-    vbe_ = ide::memory::MemoryVbe::Create();
-    Context context{*vbe_, ui_, options_};
     Open({"Sub A()", "", "End Sub"}, 2, 1);
-    ASSERT_TRUE(InsertCodeLines(context, c.command));
+    ASSERT_TRUE(InsertCodeLines(context_, c.command));
     EXPECT_EQ(Code(), (Lines{"Sub A()", c.first_line, "        ", c.last_line, "End Sub"}));
     EXPECT_EQ(Selection(), CaretAt(2, c.caret_column));
   }
 }
 
-TEST_F(CodeLinesTest, WithBlockReplacingABlankLineLeavesTheCaretInTheBody) {
-  Open({"Sub A()", "    x = 1", "", "End Sub"}, 3, 1);
-  ASSERT_TRUE(InsertWithBlock(context_, "rs.Fields"));
-  EXPECT_EQ(Code(), (Lines{"Sub A()", "    x = 1", "    With rs.Fields", "        ",
-                           "    End With", "End Sub"}));
-  EXPECT_EQ(Selection(), CaretAt(4, 9));
-}
-
-TEST_F(CodeLinesTest, WithBlockBelowALineWithTextLeavesTheCaretOnTheWithLine) {
-  Open({"Sub A()", "    x = 1", "End Sub"}, 2, 1);
-  ASSERT_TRUE(InsertWithBlock(context_, "Me"));
-  EXPECT_EQ(Code(), (Lines{"Sub A()", "    x = 1", "    With Me", "        ", "    End With",
-                           "End Sub"}));
-  EXPECT_EQ(Selection(), CaretAt(3, 12));
-}
-
-TEST_F(CodeLinesTest, WithBlockPastTheLastLine) {
-  Open({"x = 1"}, 2, 1);
-  ASSERT_TRUE(InsertWithBlock(context_, "Me"));
-  EXPECT_EQ(Code(), (Lines{"x = 1", "    With Me", "        ", "    End With"}));
-  EXPECT_EQ(Selection(), CaretAt(3, 9));
-}
-
-TEST_F(CodeLinesTest, WithBlockNeedsAnObject) {
-  Open({"x = 1"}, 1, 1);
-  EXPECT_FALSE(InsertWithBlock(context_, ""));
-  EXPECT_EQ(Code(), (Lines{"x = 1"}));
+TEST_F(CodeLinesTest, WithBlockLeavesTheCaretWhereTheObjectOrTheBodyIsTyped) {
+  const struct {
+    std::string name;
+    Lines code;
+    int line;
+    std::string object;
+    Lines expected;  // empty: nothing inserted
+    ide::TextRange caret;
+  } cases[] = {
+      {"replacing a blank line: in the body", {"Sub A()", "    x = 1", "", "End Sub"}, 3,
+       "rs.Fields",
+       {"Sub A()", "    x = 1", "    With rs.Fields", "        ", "    End With", "End Sub"},
+       {4, 9, 4, 9}},
+      {"below a line with text: on the With line", {"Sub A()", "    x = 1", "End Sub"}, 2, "Me",
+       {"Sub A()", "    x = 1", "    With Me", "        ", "    End With", "End Sub"},
+       {3, 12, 3, 12}},
+      {"past the last line", {"x = 1"}, 2, "Me",
+       {"x = 1", "    With Me", "        ", "    End With"}, {3, 9, 3, 9}},
+      {"no object", {"x = 1"}, 1, "", {}, {1, 1, 1, 1}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    Open(c.code, c.line, 1);
+    EXPECT_EQ(InsertWithBlock(context_, c.object), !c.expected.empty());
+    EXPECT_EQ(Code(), c.expected.empty() ? c.code : c.expected);
+    EXPECT_EQ(Selection(), c.caret);
+  }
 }
 
 TEST_F(CodeLinesTest, WithCommandAsksForTheObject) {

@@ -20,8 +20,10 @@ namespace tavrin::addin {
 
 class CodePaneTest : public ::testing::Test {
  protected:
-  // Opens a standard module holding `lines` with the caret at line:column.
+  // Opens a standard module holding `lines` with the caret at line:column,
+  // in place of the project opened before: each case of a table starts anew.
   void Open(const std::vector<std::string>& lines, int line = 1, int column = 1) {
+    if (project_) vbe_->RemoveProject(project_);
     project_ = vbe_->AddProject("Project1");
     component_ = project_->AddComponent(ide::ComponentType::kStdModule, "Module1", "");
     const auto module = component_->CodeModule();

@@ -56,11 +56,9 @@ TEST_F(CodePaneTest, CaretMarginFollowsTheCaretLine) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
-    vbe_ = ide::memory::MemoryVbe::Create();
-    platform::FixedIdeOptions options(c.tab_width);
-    Context context{*vbe_, ui_, options};
+    options_ = platform::FixedIdeOptions(c.tab_width);
     Open(c.code, c.line, c.column);
-    EXPECT_EQ(CaretMargin(context), c.expected);
+    EXPECT_EQ(CaretMargin(context_), c.expected);
   }
 }
 
@@ -88,55 +86,40 @@ TEST_F(CodePaneTest, InsertBlockReplacesAnEmptyCaretLineOrGoesBelowText) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
-    vbe_ = ide::memory::MemoryVbe::Create();
-    Context context{*vbe_, ui_, options_};
     Open(c.code, c.caret.start_line, c.caret.start_column);
-    EXPECT_EQ(InsertBlock(context, c.block, c.caret_column), c.first_line);
+    EXPECT_EQ(InsertBlock(context_, c.block, c.caret_column), c.first_line);
     EXPECT_EQ(Code(), c.expected);
     EXPECT_EQ(Selection(), c.selection);
   }
 }
 
-TEST_F(CodePaneTest, CursorMarkerPlacesTheCaretAndDisappears) {
-  Open({"Sub A()", "    x = 1<cursor>", "End Sub"}, 1, 1);
-  PlaceCursorMarker(context_, 1, false);
-  EXPECT_EQ(Code(), (Lines{"Sub A()", "    x = 1", "End Sub"}));
-  EXPECT_EQ(Selection(), CaretAt(2, 10));
-}
-
-TEST_F(CodePaneTest, EveryMarkerIsRemovedAndTheCaretStaysAtTheLast) {
-  Open({"<cursor>a", "b<CURSOR>c<Cursor>", "d", "  <cursor>"}, 1, 1);
-  PlaceCursorMarker(context_, 1, false);
-  EXPECT_EQ(Code(), (Lines{"a", "bc", "d", "  "}));
-  EXPECT_EQ(Selection(), CaretAt(4, 3));
-}
-
-TEST_F(CodePaneTest, MarkersAboveTheStartLineStay) {
-  Open({"<cursor>a", "b<cursor>"}, 1, 1);
-  PlaceCursorMarker(context_, 2, false);
-  EXPECT_EQ(Code(), (Lines{"<cursor>a", "b"}));
-  EXPECT_EQ(Selection(), CaretAt(2, 2));
-}
-
-TEST_F(CodePaneTest, RemoveOnlyLeavesTheCaret) {
-  Open({"a<cursor>", "b"}, 2, 1);
-  PlaceCursorMarker(context_, 1, true);
-  EXPECT_EQ(Code(), (Lines{"a", "b"}));
-  EXPECT_EQ(Selection(), CaretAt(2, 1));
-}
-
-TEST_F(CodePaneTest, NoMarkerChangesNothing) {
-  Open({"a", "b"}, 2, 1);
-  PlaceCursorMarker(context_, 1, false);
-  EXPECT_EQ(Code(), (Lines{"a", "b"}));
-  EXPECT_EQ(Selection(), CaretAt(2, 1));
-}
-
-TEST_F(CodePaneTest, MarkerColumnsCountCharacters) {
-  Open({"s = \"Café\" <cursor>"}, 1, 1);
-  PlaceCursorMarker(context_, 1, false);
-  EXPECT_EQ(Code(), (Lines{"s = \"Café\" "}));
-  EXPECT_EQ(Selection(), CaretAt(1, 12));
+TEST_F(CodePaneTest, CursorMarkersAreRemovedAndTheCaretGoesToTheLast) {
+  const struct {
+    std::string name;
+    Lines code;
+    int start_line;
+    bool remove_only;
+    Lines expected;
+    ide::TextRange caret;
+  } cases[] = {
+      {"one marker", {"Sub A()", "    x = 1<cursor>", "End Sub"}, 1, false,
+       {"Sub A()", "    x = 1", "End Sub"}, {2, 10, 2, 10}},
+      {"every marker in any case", {"<cursor>a", "b<CURSOR>c<Cursor>", "d", "  <cursor>"}, 1,
+       false, {"a", "bc", "d", "  "}, {4, 3, 4, 3}},
+      {"markers above the start line stay", {"<cursor>a", "b<cursor>"}, 2, false,
+       {"<cursor>a", "b"}, {2, 2, 2, 2}},
+      {"remove only leaves the caret", {"a", "b<cursor>"}, 1, true, {"a", "b"}, {1, 1, 1, 1}},
+      {"no marker changes nothing", {"a", "b"}, 1, false, {"a", "b"}, {1, 1, 1, 1}},
+      {"columns count characters", {"s = \"Café\" <cursor>"}, 1, false,
+       {"s = \"Café\" "}, {1, 12, 1, 12}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    Open(c.code);
+    PlaceCursorMarker(context_, c.start_line, c.remove_only);
+    EXPECT_EQ(Code(), c.expected);
+    EXPECT_EQ(Selection(), c.caret);
+  }
 }
 
 TEST_F(CodePaneTest, MarkerWorksOnAGivenPaneWithoutAnActiveOne) {

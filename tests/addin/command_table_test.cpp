@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <set>
-
 #include "addin/command_table.h"
 #include "resources/string_table.h"
 #include "resources/toolbar_pictures.h"
@@ -64,7 +62,6 @@ TEST(CommandTableTest, TheOddOnesOut) {
   }
   EXPECT_EQ(dropdowns, std::vector<int>{167});
   EXPECT_EQ(testing_only, std::vector<int>{183});
-  EXPECT_EQ(resources::LoadResString(190), "&Debug.Print... ");
 }
 
 TEST(CommandTableTest, ReservedCaptionsAreShownByNoControl) {
@@ -82,21 +79,6 @@ TEST(CommandTableTest, FindCommandFindsTheFirstRowOfAHandler) {
   EXPECT_EQ(FindCommand("mnuhTVRCodeLines_Click")->bar, CommandBarRoot::kToolbar);
   EXPECT_EQ(FindCommand("mnuhNoSuchThing_Click"), nullptr);
   EXPECT_EQ(FindCommand(""), nullptr);
-}
-
-TEST(ToolbarPicturesTest, PicturesAre16By16BitmapsWithBlackAndWhiteMasks) {
-  const auto picture = resources::LoadResPicture("101");
-  const auto mask = resources::LoadResPicture("101m");
-  ASSERT_TRUE(picture && mask);
-  ASSERT_EQ(picture->size(), 54u + 16 * 16 * 3);
-  EXPECT_TRUE(picture->starts_with("BM"));
-  EXPECT_EQ(static_cast<unsigned char>((*picture)[18]), 16);  // width
-  EXPECT_EQ(static_cast<unsigned char>((*picture)[22]), 16);  // height
-  std::set<unsigned char> mask_bytes(mask->begin() + 54, mask->end());
-  EXPECT_EQ(mask_bytes, (std::set<unsigned char>{0x00, 0xFF}));
-  EXPECT_NE(*picture, *resources::LoadResPicture("102"));
-  for (const char* name : {"", "m", "109", "101mm", "abc"})
-    EXPECT_FALSE(resources::LoadResPicture(name).has_value()) << name;
 }
 
 }  // namespace

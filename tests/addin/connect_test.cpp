@@ -69,14 +69,6 @@ TEST_F(ConnectTest, ControlsTakeGroupsPicturesStylesAndTooltipsFromTheTable) {
   }
 }
 
-TEST_F(ConnectTest, AddErrorHandlingIsADropDown) {
-  OpenProject();
-  ConnectAddin();
-  const auto found = Toolbar()->FindControl(ide::ControlType::kDropdown, std::nullopt, {}, true);
-  ASSERT_NE(found, nullptr);
-  EXPECT_EQ(found->Caption(), Caption(167));
-}
-
 TEST_F(ConnectTest, TheTestingFlagAddsTheControlBuilderToTheMenuOnly) {
   const auto control_entries = [&] {
     int count = 0;

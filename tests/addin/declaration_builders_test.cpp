@@ -50,6 +50,7 @@ class DeclarationBuildersTest : public CodePaneTest {
 
   // Opens a class module holding `lines`, the caret on line 1.
   void OpenClass(const Lines& lines) {
+    if (project_) vbe_->RemoveProject(project_);
     project_ = vbe_->AddProject("Project1");
     std::string text;
     for (const std::string& line : lines) text += (text.empty() ? "" : "\r\n") + line;
@@ -81,10 +82,6 @@ TEST_F(DeclarationBuildersTest, VariableGoesWhereItsScopeSaysAndReadsBack) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.line);
-    vbe_ = ide::memory::MemoryVbe::Create();
-    Context context{*vbe_, ui_, options_};
-    context.dialogs = &host_;
-    context.settings = &settings_;
     Open(kModule, 6, 5);
     builders::DialogScript script = {A::Text("name", row.typed), A::Pick("scope", row.scope),
                                      A::Text("type", row.type)};
@@ -93,7 +90,7 @@ TEST_F(DeclarationBuildersTest, VariableGoesWhereItsScopeSaysAndReadsBack) {
     if (row.array) script.push_back(A::Text("bounds", "1 To 5"));
     script.push_back(A::Ok());
     host_.Answer(std::string(builders::kVariableDialogTitle), script);
-    ASSERT_TRUE(AddVariable(context, ""));
+    ASSERT_TRUE(AddVariable(context_, ""));
     EXPECT_TRUE(host_.errors.empty());
     const Lines code = Code();
     ASSERT_EQ(code.size(), kModule.size() + 1);
@@ -156,17 +153,13 @@ TEST_F(DeclarationBuildersTest, ConstantPicksUpTheSelectedLiteralByTheNamingSett
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    vbe_ = ide::memory::MemoryVbe::Create();
-    Context context{*vbe_, ui_, options_};
-    context.dialogs = &host_;
     settings_.values.Set(settings::Item::kSetPickedUpNameUcase, row.ucase);
     settings_.values.Set(settings::Item::kConstTagBeforeTypeTag, row.tag_first);
-    context.settings = &settings_;
     Open(kWithLiteral, 4, 12);
     pane_->SetSelection({4, 12, 4, 26});  // "Out of stock" with its quotes
     host_.Answer(std::string(builders::kConstantDialogTitle),
                  {A::Pick("scope", row.scope), A::Ok()});
-    ASSERT_TRUE(AddConstant(context, ""));
+    ASSERT_TRUE(AddConstant(context_, ""));
     const bool local = row.scope.starts_with("Local");
     const std::string keyword = local ? "    " : row.scope.starts_with("Module") ? "Private " : "Public ";
     const Lines code = Code();
@@ -241,15 +234,11 @@ TEST_F(DeclarationBuildersTest, PropertyKindsFollowTheTypeAndTheAccess) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.type + " " + row.access);
-    vbe_ = ide::memory::MemoryVbe::Create();
-    Context context{*vbe_, ui_, options_};
-    context.dialogs = &host_;
-    context.settings = &settings_;
     OpenClass({"Option Explicit"});
     host_.Answer(std::string(builders::kPropertyDialogTitle),
                  {A::Text("name", "Items"), A::Text("type", row.type),
                   A::Pick("access", row.access), A::Ok()});
-    ASSERT_TRUE(AddProperty(context, ""));
+    ASSERT_TRUE(AddProperty(context_, ""));
     std::vector<std::string> kinds;
     for (const std::string& line : Code())
       if (line.starts_with("Public Property ")) kinds.push_back(line.substr(16));

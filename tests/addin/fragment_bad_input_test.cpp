@@ -2,18 +2,12 @@
 // the browser usable for the next pick, and every file as it was. Then the
 // browser's way to the fragment editor.
 #include <filesystem>
-#include <fstream>
 
 #include "addin/code_line_commands.h"
 #include "addin/fragment_commands.h"
 #include "builders/fragment_browser.h"
 #include "builders/fragment_editor.h"
-#include "builders/scripted_dialog_host.h"
-#include "fragments/settings.h"
-#include "platform/portable_profile_file.h"
-#include "platform/std_file_system.h"
-#include "tests/addin/code_pane_fixture.h"
-#include "tests/support/temp_folder.h"
+#include "tests/addin/fragment_fixture.h"
 
 namespace tavrin::addin {
 namespace {
@@ -30,39 +24,14 @@ struct BadInput {
   const char* line;   // inserted at the caret
 };
 
-class FragmentBadInputTest : public CodePaneTest, public ::testing::WithParamInterface<BadInput> {
+class FragmentBadInputTest : public FragmentFixture,
+                             public ::testing::WithParamInterface<BadInput> {
  protected:
-  struct NoDialog : settings::SettingsDialog {
-    void ShowModal() override {}
-  };
-  void Write(const fs::path& relative, std::string_view bytes) {
-    const fs::path path = folder_.path() / relative;
-    fs::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary).write(bytes.data(), std::streamsize(bytes.size()));
-  }
-  std::string Read(const fs::path& relative) {
-    std::ifstream in(folder_.path() / relative, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-  }
   void Load() {
-    if (!fs::exists(folder_.path() / "tvrusr.ini")) Write("tvrusr.ini", "");
     for (const char* folder : {"Fragments", "Library", "Classes", "Templates"})
       fs::create_directories(folder_.path() / "vbcode" / folder);
-    settings_ = fragments::LoadSettings(services_, false);
-    context_.settings = &settings_;
-    context_.files = &files_;
-    context_.profiles = &profiles_;
-    context_.dialogs = &host_;
-    Open({"Sub Main()", "", "End Sub"}, 2, 5);
+    FragmentFixture::Load({"Sub Main()", "", "End Sub"}, 2, 5);
   }
-
-  testing::TempFolder folder_;
-  platform::StdFileSystem files_;
-  platform::PortableProfileFile profiles_{files_};
-  NoDialog dialog_;
-  settings::SettingsServices services_{profiles_, files_, ui_, dialog_, folder_.path().string()};
-  fragments::Settings settings_;
-  builders::ScriptedDialogHost host_;
 };
 
 TEST_P(FragmentBadInputTest, SaysWhyAndStaysUsable) {

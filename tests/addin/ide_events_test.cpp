@@ -102,13 +102,6 @@ TEST_F(IdeEventsTest, EachEventIsForwardedOnlyUnderItsCondition) {
   EXPECT_TRUE(ErrorsShown().empty());
 }
 
-TEST_F(IdeEventsTest, ARenamedModuleLeavesUnderItsOldNameAndComesBackUnderItsNew) {
-  explorer_->calls.clear();
-  Events().RaiseComponentRenamed(Module(), "Module9");
-  EXPECT_EQ(explorer_->calls, (Strings{"VBComponentRemove Project1 Module9",
-                                       "VBComponentAdd Module1"}));
-}
-
 TEST_F(IdeEventsTest, AFailingNotificationIsReportedAndLaterEventsStillArrive) {
   explorer_->fail = true;
   ASSERT_NO_THROW(Events().RaiseComponentRemoved(Module()));

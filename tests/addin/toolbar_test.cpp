@@ -96,31 +96,41 @@ TEST_F(ToolbarTest, SaveAndRemoveStoresThePlaceAndDeletesBothBars) {
   SaveAndRemoveToolbar(*vbe_, settings_, "");  // nothing left to remove: no error
 }
 
-TEST_F(ToolbarTest, AddBarControlSetsPictureMaskStyleAndTooltip) {
+TEST_F(ToolbarTest, AddBarControlGivesThePictureTheStyleAndTheTooltip) {
+  using ide::ButtonStyle;
   const auto bar = CreateToolbar(*vbe_, settings_, "");
-  const auto button =
-      AddBarControl(*vbe_, *bar, 103, ide::ControlType::kButton, true, 103, nullptr, "", false, 0);
-  EXPECT_EQ(button->Caption(), "&Add Variable...");
-  EXPECT_EQ(button->TooltipText(), "&Add Variable...");
-  EXPECT_TRUE(button->BeginGroup());
-  EXPECT_EQ(button->GetPicture().name, "103");
-  EXPECT_EQ(button->GetMask().name, "103m");
-  EXPECT_EQ(button->Style(), ide::ButtonStyle::kIcon);
-
   const auto popup =
       AddBarControl(*vbe_, *bar, 122, ide::ControlType::kPopup, false, 0, nullptr, "", false, 0);
-  const auto entry =
-      AddBarControl(*vbe_, *bar, 101, ide::ControlType::kButton, false, 101, popup, "", false, 0);
-  EXPECT_EQ(entry->Style(), ide::ButtonStyle::kIconAndCaption);
-  EXPECT_EQ(entry->TooltipText(), "");
+  const struct {
+    const char* name;
+    int caption_id, picture_id;
+    bool in_popup, force_caption;
+    int face_id;
+    std::string picture;  // its name; the mask's adds "m"
+    ButtonStyle style;
+  } cases[] = {
+      {"a picture on the bar", 103, 103, false, false, 0, "103", ButtonStyle::kIcon},
+      {"a picture in a menu", 101, 101, true, false, 0, "101", ButtonStyle::kIconAndCaption},
+      {"the caption forced", 102, 102, false, true, 0, "102", ButtonStyle::kIconAndCaption},
+      {"no picture", 109, 0, false, false, 0, "", ButtonStyle::kAutomatic},
+      {"a missing bitmap", 109, 109, false, false, 0, "", ButtonStyle::kAutomatic},
+      {"the face of an IDE control", 109, 0, false, false, 19, "face 19", ButtonStyle::kIcon},
+      {"an unknown face", 109, 0, false, false, 99999, "", ButtonStyle::kAutomatic},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    const auto control =
+        AddBarControl(*vbe_, *bar, c.caption_id, ide::ControlType::kButton, c.in_popup,
+                      c.picture_id, c.in_popup ? popup : nullptr, "", c.force_caption, c.face_id);
+    EXPECT_EQ(control->GetPicture().name, c.picture);
+    if (c.face_id == 0 && !c.picture.empty()) {
+      EXPECT_EQ(control->GetMask().name, c.picture + "m");
+    }
+    EXPECT_EQ(control->Style(), c.style);
+    EXPECT_EQ(control->BeginGroup(), c.in_popup);
+    EXPECT_EQ(control->TooltipText(), c.in_popup ? "" : control->Caption());
+  }
   EXPECT_EQ(popup->Controls()->Count(), 1);
-
-  const auto forced =
-      AddBarControl(*vbe_, *bar, 102, ide::ControlType::kButton, false, 102, nullptr, "", true, 0);
-  EXPECT_EQ(forced->Style(), ide::ButtonStyle::kIconAndCaption);
-  const auto plain =
-      AddBarControl(*vbe_, *bar, 109, ide::ControlType::kButton, false, 0, nullptr, "", false, 0);
-  EXPECT_EQ(plain->Style(), ide::ButtonStyle::kAutomatic);
 }
 
 TEST_F(ToolbarTest, WithoutAPicturePropertyTheFaceGoesThroughTheClipboard) {
@@ -131,26 +141,6 @@ TEST_F(ToolbarTest, WithoutAPicturePropertyTheFaceGoesThroughTheClipboard) {
   auto& memory_button = dynamic_cast<ide::memory::MemoryCommandBarControl&>(*button);
   EXPECT_EQ(memory_button.Face().name, "101");
   EXPECT_EQ(button->Style(), ide::ButtonStyle::kIcon);
-}
-
-TEST_F(ToolbarTest, AMissingBitmapLeavesTheControlWithoutAPicture) {
-  const auto bar = CreateToolbar(*vbe_, settings_, "");
-  const auto button =
-      AddBarControl(*vbe_, *bar, 109, ide::ControlType::kButton, false, 109, nullptr, "", false, 0);
-  EXPECT_EQ(button->Caption(), "&Settings...");
-  EXPECT_EQ(button->GetPicture().name, "");
-  EXPECT_EQ(button->Style(), ide::ButtonStyle::kAutomatic);
-}
-
-TEST_F(ToolbarTest, AFaceIdCopiesTheFaceOfAnIdeControl) {
-  const auto bar = CreateToolbar(*vbe_, settings_, "");
-  const auto copied =
-      AddBarControl(*vbe_, *bar, 109, ide::ControlType::kButton, false, 0, nullptr, "", false, 19);
-  EXPECT_EQ(copied->GetPicture().name, "face 19");
-  EXPECT_EQ(copied->Style(), ide::ButtonStyle::kIcon);
-  const auto unknown = AddBarControl(*vbe_, *bar, 109, ide::ControlType::kButton, false, 0,
-                                     nullptr, "", false, 99999);
-  EXPECT_EQ(unknown->GetPicture().name, "");
 }
 
 TEST_F(ToolbarTest, EnableAddinWithoutTheBarsChangesNothingAndRaisesNothing) {

@@ -40,12 +40,9 @@ TEST_F(CodeLineDialogsTest, PickedEntriesAreInserted) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.command + " / " + c.inserted[0]);
-    vbe_ = ide::memory::MemoryVbe::Create();
-    Context context{*vbe_, ui_, options_};
-    context.dialogs = &host_;
     Open(kModule, 7, 1);
     host_.Answer(c.command, c.script);
-    ASSERT_TRUE(InsertCodeLines(context, c.command));
+    ASSERT_TRUE(InsertCodeLines(context_, c.command));
     Lines expected(kModule.begin(), kModule.begin() + 6);
     expected.insert(expected.end(), c.inserted.begin(), c.inserted.end());
     expected.push_back("End Sub");
@@ -59,12 +56,9 @@ TEST_F(CodeLineDialogsTest, PickedEntriesAreInserted) {
 TEST_F(CodeLineDialogsTest, CancelInsertsNothing) {
   for (const std::string command : {"GoTo", "Resume", "With"}) {
     SCOPED_TRACE(command);
-    vbe_ = ide::memory::MemoryVbe::Create();
-    Context context{*vbe_, ui_, options_};
-    context.dialogs = &host_;
     Open(kModule, 7, 1);
     host_.Answer(command, {A::Text("filter", "x"), A::Cancel()});
-    ASSERT_TRUE(InsertCodeLines(context, command));
+    ASSERT_TRUE(InsertCodeLines(context_, command));
     EXPECT_EQ(Code(), kModule);
   }
 }

@@ -4,17 +4,11 @@
 #include "builders/fragment_browser.h"
 
 #include <filesystem>
-#include <fstream>
 
 #include "addin/code_line_commands.h"
 #include "addin/fragment_commands.h"
 #include "builders/fragment_editor.h"
-#include "builders/scripted_dialog_host.h"
-#include "fragments/settings.h"
-#include "platform/portable_profile_file.h"
-#include "platform/std_file_system.h"
-#include "tests/addin/code_pane_fixture.h"
-#include "tests/support/temp_folder.h"
+#include "tests/addin/fragment_fixture.h"
 
 namespace tavrin::addin {
 namespace {
@@ -22,27 +16,11 @@ namespace {
 namespace fs = std::filesystem;
 using A = builders::DialogAction;
 
-class NoDialog : public settings::SettingsDialog {
- public:
-  void ShowModal() override {}
-};
-
-class FragmentInsertTest : public CodePaneTest {
+class FragmentInsertTest : public FragmentFixture {
  protected:
   void SetUp() override {
-    Write("tvrusr.ini", "");  // not a first run: no seeding of the code folders
-    settings_ = fragments::LoadSettings(services_, false);
+    Load({"Sub Main()", "    Dim x", "", "End Sub"}, 3, 5);
     settings_.values.Set(settings::Item::kDeveloper, std::string("Ann"));
-    context_.settings = &settings_;
-    context_.files = &files_;
-    context_.profiles = &profiles_;
-    context_.dialogs = &host_;
-    Open({"Sub Main()", "    Dim x", "", "End Sub"}, 3, 5);
-  }
-  void Write(const fs::path& relative, std::string_view bytes) {
-    const fs::path path = folder_.path() / relative;
-    fs::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary).write(bytes.data(), std::streamsize(bytes.size()));
   }
   fragments::FragmentEntry Entry(std::string name) {
     return *fragments::FindFragment(
@@ -51,14 +29,6 @@ class FragmentInsertTest : public CodePaneTest {
   bool Insert(std::string name, fragments::VariableValues given = {}) {
     return InsertFragment(context_, Entry(std::move(name)), given);
   }
-
-  testing::TempFolder folder_;
-  platform::StdFileSystem files_;
-  platform::PortableProfileFile profiles_{files_};
-  NoDialog dialog_;
-  settings::SettingsServices services_{profiles_, files_, ui_, dialog_, folder_.path().string()};
-  fragments::Settings settings_;
-  builders::ScriptedDialogHost host_;
 };
 
 // "tvrrefra.ini": a GUID is added once, a name alone is named to the user.
@@ -178,11 +148,7 @@ TEST_F(FragmentInsertTest, TheEditorSavesMarkedCodeAndTheBrowserManagesFiles) {
   EXPECT_EQ(builders::FindField(editor.Fields(), "problem")->text, "");
   const fs::path saved = fs::path(settings_.folders.CodeFolder(3)) / "Open.bas";
   EXPECT_EQ(editor.SavedPath(), saved.string());
-  {  // closed again before the browser renames it, as Windows requires
-    std::ifstream in(saved, std::ios::binary);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}),
-              "Set rs = Open(\"{Table}\")\r\n");
-  }
+  EXPECT_EQ(Read(saved), "Set rs = Open(\"{Table}\")\r\n");
 
   builders::FragmentBrowser browser(settings_.folders, TemplateEnvironmentOf(context_), files_,
                                     ui_);

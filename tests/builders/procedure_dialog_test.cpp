@@ -176,12 +176,9 @@ TEST_F(AddProcedureTest, InsertsBelowTheProcedureAtTheCaret) {
   } cases[] = {{4, 6}, {1, 2}, {8, 9}};
   for (const auto &c : cases) {
     SCOPED_TRACE(c.caret_line);
-    vbe_ = ide::memory::MemoryVbe::Create();
-    Context context{*vbe_, ui_, options_};
-    context.dialogs = &host_;
     Open(kModule, c.caret_line, 1);
     AnswerFunction();
-    ASSERT_TRUE(AddProcedure(context));
+    ASSERT_TRUE(AddProcedure(context_));
     const Lines code = Code();
     ASSERT_GE(code.size(), static_cast<std::size_t>(c.at + 2));
     EXPECT_EQ(Lines(code.begin() + c.at, code.begin() + c.at + 3), kFunction);

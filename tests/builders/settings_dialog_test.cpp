@@ -1,20 +1,11 @@
 #include "builders/settings_dialog.h"
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <set>
 
-#include <gtest/gtest.h>
-
 #include "base/text.h"
-#include "builders/scripted_dialog_host.h"
-#include "fragments/addin_folder.h"
-#include "platform/portable_profile_file.h"
-#include "platform/std_file_system.h"
-#include "tests/support/fake_ui.h"
-#include "tests/support/temp_folder.h"
+#include "tests/builders/settings_dialog_fixture.h"
 
 namespace tavrin::builders {
 namespace {
@@ -22,50 +13,7 @@ namespace {
 using settings::Item;
 using A = DialogAction;
 
-class NoDialog : public settings::SettingsDialog {
- public:
-  void ShowModal() override { ++shown; }
-  int shown = 0;
-};
-
-class SettingsDialogTest : public ::testing::Test {
- protected:
-  void SetUp() override {
-    ASSERT_TRUE(fragments::SeedAddinFolder(files_, folder_.path().string()).ok());
-    settings::ValueTable values;
-    settings::LoadValueTable(values, services_, false);
-  }
-  std::string Read(std::string_view name) {
-    std::ifstream in(folder_.File(name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  }
-  void Write(std::string_view name, std::string_view bytes) {
-    std::ofstream(folder_.File(name), std::ios::binary)
-        .write(bytes.data(), std::streamsize(bytes.size()));
-  }
-  // Runs one showing of the dialog with the script; true on OK.
-  bool Run(DialogScript script) {
-    SettingsDialogModel model(services_);
-    model.on_applied = [this] { ++applied_; };
-    host_.Answer(std::string(kSettingsDialogTitle), std::move(script));
-    return host_.Show(model);
-  }
-  settings::ValueTable Reloaded() {
-    settings::ValueTable values;
-    settings::LoadValueTable(values, services_, false);
-    return values;
-  }
-
-  testing::TempFolder folder_;
-  platform::StdFileSystem files_;
-  platform::PortableProfileFile profiles_{files_};
-  testing::FakeUi ui_;
-  NoDialog fallback_;
-  settings::SettingsServices services_{profiles_, files_, ui_, fallback_,
-                                       folder_.path().string()};
-  ScriptedDialogHost host_;
-  int applied_ = 0;
-};
+using SettingsDialogTest = SettingsDialogFixture;
 
 TEST_F(SettingsDialogTest, ShowsEveryItemWithTheFieldItsTypeAsks) {
   SettingsDialogModel model(services_);
@@ -167,20 +115,6 @@ TEST_F(SettingsDialogTest, AMissingFolderIsOfferedToBeCreated) {
   EXPECT_TRUE(std::filesystem::is_directory(folder_.path() / "mylib"));
   EXPECT_EQ(Read("tvrusr.ini"),
             ReplaceAll(usr, "Library Folder=\\vbcode\\Library\\", "Library Folder=\\mylib\\"));
-}
-
-TEST_F(SettingsDialogTest, AReadOnlyFileIsRefusedAndTheDialogStaysOpen) {
-  const std::string usr = Read("tvrusr.ini");
-  const auto file = folder_.path() / "tvrusr.ini";
-  std::filesystem::permissions(file, std::filesystem::perms::owner_read |
-                                         std::filesystem::perms::group_read);
-  EXPECT_FALSE(Run({A::Text("Developer", "Ann"), A::Ok(), A::Cancel()}));
-  std::filesystem::permissions(file, std::filesystem::perms::owner_all);
-  ASSERT_EQ(host_.refusals.size(), 1u);
-  EXPECT_TRUE(host_.refusals[0].starts_with("Unable to save INI file section 'Developer'"))
-      << host_.refusals[0];
-  EXPECT_EQ(Read("tvrusr.ini"), usr);
-  EXPECT_EQ(applied_, 0);
 }
 
 TEST_F(SettingsDialogTest, ExamplesFollowTheFieldsAsTheUserTypes) {

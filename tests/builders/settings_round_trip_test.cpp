@@ -2,19 +2,9 @@
 // back; the files keep every line that was not edited, and a file that
 // refuses leaves both files as they were.
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-
-#include <gtest/gtest.h>
 
 #include "base/text.h"
-#include "builders/scripted_dialog_host.h"
-#include "builders/settings_dialog.h"
-#include "fragments/addin_folder.h"
-#include "platform/portable_profile_file.h"
-#include "platform/std_file_system.h"
-#include "tests/support/fake_ui.h"
-#include "tests/support/temp_folder.h"
+#include "tests/builders/settings_dialog_fixture.h"
 
 namespace tavrin::builders {
 namespace {
@@ -23,50 +13,14 @@ using settings::Item;
 using A = DialogAction;
 namespace fs = std::filesystem;
 
-class SettingsRoundTripTest : public ::testing::Test {
+class SettingsRoundTripTest : public SettingsDialogFixture {
  protected:
-  struct NoDialog : settings::SettingsDialog {
-    void ShowModal() override {}
-  };
   void SetUp() override {
-    ASSERT_TRUE(fragments::SeedAddinFolder(files_, folder_.path().string()).ok());
-    Reloaded();
+    SettingsDialogFixture::SetUp();
     // A user's own lines around the catalogue's.
     Write("tvrusr.ini", "; mine\r\n\r\n" + Read("tvrusr.ini") + "\r\n[Mine]\r\nkeep = this  \r\n");
     Write("tvrtp.ini", "# types\r\n" + Read("tvrtp.ini"));
   }
-  std::string Read(std::string_view name) {
-    std::ifstream in(folder_.File(name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  }
-  void Write(std::string_view name, std::string_view bytes) {
-    std::ofstream(folder_.File(name), std::ios::binary)
-        .write(bytes.data(), std::streamsize(bytes.size()));
-  }
-  bool Run(DialogScript script) {
-    SettingsDialogModel model(services_);
-    model.on_applied = [this] { ++applied_; };
-    host_.Answer(std::string(kSettingsDialogTitle), std::move(script));
-    return host_.Show(model);
-  }
-  settings::ValueTable Reloaded() {
-    settings::ValueTable values;
-    settings::LoadValueTable(values, services_, false);
-    return values;
-  }
-  void ReadOnly(std::string_view name, bool read_only) {
-    fs::permissions(folder_.File(name), read_only ? fs::perms::owner_read : fs::perms::owner_all);
-  }
-
-  testing::TempFolder folder_;
-  platform::StdFileSystem files_;
-  platform::PortableProfileFile profiles_{files_};
-  testing::FakeUi ui_;
-  NoDialog no_dialog_;
-  settings::SettingsServices services_{profiles_, files_, ui_, no_dialog_,
-                                       folder_.path().string()};
-  ScriptedDialogHost host_;
-  int applied_ = 0;
 };
 
 TEST_F(SettingsRoundTripTest, EveryItemEditedIsSavedAndReadBack) {
@@ -124,22 +78,31 @@ TEST_F(SettingsRoundTripTest, EveryItemEditedIsSavedAndReadBack) {
   EXPECT_EQ(Read("tvrtp.ini"), tp_expected);
 }
 
+// Whichever file refuses, the dialog stays open and neither file changes.
 TEST_F(SettingsRoundTripTest, AFileThatRefusesLeavesEveryFileAsItWas) {
   const std::string usr = Read("tvrusr.ini"), tp = Read("tvrtp.ini");
-  ReadOnly("tvrtp.ini", true);
-  // tvrusr.ini takes its change first; tvrtp.ini refuses; both stay.
-  EXPECT_FALSE(Run({A::Text("Developer", "Ann"), A::Text("Prefix Module", "mod"), A::Ok(),
-                    A::Cancel()}));
-  ReadOnly("tvrtp.ini", false);
-  ASSERT_EQ(host_.refusals.size(), 1u);
-  EXPECT_TRUE(host_.refusals[0].starts_with("Unable to save INI file section 'Scope Prefix'"))
-      << host_.refusals[0];
-  EXPECT_EQ(Read("tvrusr.ini"), usr);
-  EXPECT_EQ(Read("tvrtp.ini"), tp);
-  EXPECT_EQ(applied_, 0);
-
+  const DialogScript edits = {A::Text("Developer", "Ann"), A::Text("Prefix Module", "mod"),
+                              A::Ok()};
+  // tvrusr.ini takes its change first: when tvrtp.ini refuses, it is undone.
+  for (const auto& [file, section] :
+       {std::pair{"tvrusr.ini", "Developer"}, std::pair{"tvrtp.ini", "Scope Prefix"}}) {
+    SCOPED_TRACE(file);
+    host_.refusals.clear();
+    ReadOnly(file, true);
+    DialogScript script = edits;
+    script.push_back(A::Cancel());
+    EXPECT_FALSE(Run(script));
+    ReadOnly(file, false);
+    ASSERT_EQ(host_.refusals.size(), 1u);
+    EXPECT_TRUE(host_.refusals[0].starts_with("Unable to save INI file section '" +
+                                              std::string(section) + "'"))
+        << host_.refusals[0];
+    EXPECT_EQ(Read("tvrusr.ini"), usr);
+    EXPECT_EQ(Read("tvrtp.ini"), tp);
+    EXPECT_EQ(applied_, 0);
+  }
   // Writable again, the same edits go through.
-  ASSERT_TRUE(Run({A::Text("Developer", "Ann"), A::Text("Prefix Module", "mod"), A::Ok()}));
+  ASSERT_TRUE(Run(edits));
   EXPECT_EQ(Reloaded().Text(Item::kPrefixModule), "mod");
   EXPECT_EQ(Reloaded().Text(Item::kDeveloper), "Ann");
   EXPECT_EQ(applied_, 1);

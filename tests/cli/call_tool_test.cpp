@@ -1,6 +1,4 @@
 // The builders in the tool: call, procedure --insert, and answer files.
-#include <filesystem>
-
 #include <nlohmann/json.hpp>
 
 #include "tests/cli/tool_fixture.h"
@@ -8,16 +6,8 @@
 namespace tavrin::testing {
 namespace {
 
-class BuilderToolTest : public ToolFixture {
+class BuilderToolTest : public AddinToolFixture {
  protected:
-  ToolRun Run(std::vector<std::string> arguments) {
-    arguments.insert(arguments.end(), {"--addin-dir", addin_});
-    return ToolFixture::Run(arguments);
-  }
-  std::string addin_ = [this] {
-    std::filesystem::create_directories(folder_.path() / "addin");
-    return folder_.File("addin");
-  }();
   const std::string util_ = Write(
       "basUtil.bas",
       "Attribute VB_Name = \"basUtil\"\r\n"

@@ -1,5 +1,3 @@
-#include <filesystem>
-
 #include <nlohmann/json.hpp>
 
 #include "tests/cli/tool_fixture.h"
@@ -7,18 +5,7 @@
 namespace tavrin::testing {
 namespace {
 
-class ClassToolTest : public ToolFixture {
- protected:
-  ToolRun Run(std::vector<std::string> arguments) {
-    arguments.insert(arguments.end(), {"--addin-dir", addin_});
-    return ToolFixture::Run(arguments);
-  }
-
-  std::string addin_ = [this] {
-    std::filesystem::create_directories(folder_.path() / "addin");
-    return folder_.File("addin");
-  }();
-};
+using ClassToolTest = AddinToolFixture;
 
 TEST_F(ClassToolTest, WritesTheClassBesideTheProjectAndListsIt) {
   const std::string vbp = Write("Shop.vbp",

@@ -2,46 +2,27 @@
 // the settings dialog, run on an add-in folder of their own.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include <nlohmann/json.hpp>
 
-#include "tests/cli/tool_runner.h"
-#include "tests/support/temp_folder.h"
+#include "tests/cli/tool_fixture.h"
 
 namespace tavrin::testing {
 namespace {
 
 namespace fs = std::filesystem;
 
-class FragmentToolTest : public ::testing::Test {
+class FragmentToolTest : public AddinToolFixture {
  protected:
   void SetUp() override {
-    fs::create_directory(Addin());
     ASSERT_EQ(Run({"settings"}).status, 0);  // first use: seeds the folder
     Write("addin/vbcode/Fragments/Loops/ForEach.bas",
           "For Each {Item} In {Items}\r\n    <cursor>\r\nNext\r\n");
     Write("addin/tvrvars.ini", "[Variables]\r\nItems=Orders\r\n");
     Write("Module1.bas", "Attribute VB_Name = \"Module1\"\r\nSub Main()\r\n\r\nEnd Sub\r\n");
   }
-  std::string Addin() const { return folder_.File("addin"); }
-  ToolRun Run(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), {"--addin-dir", Addin()});
-    return RunTool(arguments, folder_.path().string());
-  }
-  void Write(const std::string& name, std::string_view bytes) {
-    fs::create_directories((folder_.path() / name).parent_path());
-    std::ofstream(folder_.path() / name, std::ios::binary)
-        .write(bytes.data(), std::streamsize(bytes.size()));
-  }
-  std::string Read(const std::string& name) {
-    std::ifstream in(folder_.path() / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  }
-
-  TempFolder folder_;
 };
 
 TEST_F(FragmentToolTest, ListsAndInsertsFragments) {

@@ -105,15 +105,6 @@ const std::string kUtf8Module = "Attribute VB_Name = \"M\"\r\nMsgBox \"Caf\xC3\x
 INSTANTIATE_TEST_SUITE_P(
     Tool, HostileInputTest,
     ::testing::Values(
-        HostileCase{"BinaryFile", {{"bin.bas", std::string("Attribute VB_Name = \"M\"\r\nx\0y\r\n", 30)}},
-                    {}, {"lines", "add", "{dir}/bin.bas", "-i"}, 2, "holds binary data"},
-        HostileCase{"NotSource", {{"notes.txt", "hello"}}, {}, {"comment", "add", "{dir}/notes.txt", "-i"},
-                    2, "is not a Visual Basic source file"},
-        HostileCase{"Folder", {{"dir.bas/", ""}}, {}, {"lines", "add", "{dir}/dir.bas", "-i"}, 2,
-                    "it is a folder"},
-        HostileCase{"MissingPath", {}, {}, {"html", "{dir}/missing.bas"}, 2, "no such file"},
-        HostileCase{"ReadOnlyFile", {{"ro.bas", "x = 1\r\n"}}, {"ro.bas"},
-                    {"comment", "add", "{dir}/ro.bas", "-i"}, 2, "read-only"},
         HostileCase{"UnclosedDesignerBlock",
                     {{"broken.frm", "VERSION 5.00\r\nBegin VB.Form F\r\n   Caption = \"&A\"\r\n"}},
                     {}, {"access-keys", "{dir}/broken.frm"}, 2, "is never closed"},

@@ -1,5 +1,4 @@
 #include <filesystem>
-#include <fstream>
 
 #include <nlohmann/json.hpp>
 
@@ -8,19 +7,7 @@
 namespace tavrin::testing {
 namespace {
 
-class ProceduresToolTest : public ToolFixture {
- protected:
-  // Every run uses the add-in folder of the test, never the user's.
-  ToolRun Run(std::vector<std::string> arguments) {
-    arguments.insert(arguments.end(), {"--addin-dir", addin_});
-    return ToolFixture::Run(arguments);
-  }
-
-  std::string addin_ = [this] {
-    std::filesystem::create_directories(folder_.path() / "addin");
-    return folder_.File("addin");
-  }();
-};
+using ProceduresToolTest = AddinToolFixture;
 
 TEST_F(ProceduresToolTest, ProcsGivesOneRecordPerProcedureWithTheModulesLines) {
   const std::string module = Write(
@@ -83,13 +70,18 @@ TEST_F(ProceduresToolTest, DeclReadsALibraryTextWithAnyLineBreaks) {
   EXPECT_EQ(json["args"][1]["isByVal"], true);
 }
 
-TEST_F(ProceduresToolTest, BadInput) {
+TEST_F(ProceduresToolTest, BadInputIsRefusedAndLeavesTheAddinFolderUnseeded) {
   const ToolRun duplicate = Run({"decl", "Sub X(a, A)"});
   EXPECT_EQ(duplicate.status, 2);
   EXPECT_EQ(duplicate.err, "tavrin: the argument name 'A' is used twice\n");
   EXPECT_EQ(duplicate.out, "");
-  const ToolRun missing = Run({"procs", folder_.File("none.bas")});
-  EXPECT_EQ(missing.status, 2);
+  for (const std::vector<std::string>& arguments :
+       {std::vector<std::string>{"procs", folder_.File("none.bas")},
+        {"procedure", "--name", "X", "--arg", "a", "--arg", "a"},
+        {"template", folder_.File("missing.bas")},
+        {"header", "class", "X"}})
+    EXPECT_EQ(Run(arguments).status, 2) << arguments[0];
+  EXPECT_FALSE(std::filesystem::exists(std::filesystem::path(addin_) / "tvrusr.ini"));
   const ToolRun empty = Run({"decl", ""});
   EXPECT_EQ(empty.status, 0) << empty.err;
 }
@@ -166,8 +158,6 @@ TEST_F(ProceduresToolTest, ProcedureRefusesBadInput) {
 }
 
 TEST_F(ProceduresToolTest, HeadersAndTemplatesFromTheAddinFolder) {
-  std::filesystem::create_directories(std::filesystem::path(addin_) / "vbcode" / "Fragments" /
-                                      "Headers And Comments");
   Write("addin/vbcode/Fragments/Headers And Comments/ProcedureHeader.bas",
         "' {PROCEDURENAME}: {DESCRIPTION}\n");
   Write("addin/vbcode/Fragments/Headers And Comments/ModuleHeader.bas",
@@ -217,8 +207,7 @@ TEST_F(ProceduresToolTest, TheSeededFolderGivesTheDefaultHeadersAndHandler) {
   EXPECT_NE(header.out.find("    ' Procedure : Calc\r\n"), std::string::npos) << header.out;
   EXPECT_NE(header.out.find("    ' Purpose   : Adds.\r\n"), std::string::npos) << header.out;
   // The default template was seeded and is the one merged.
-  std::ifstream seeded(addin_ + "/vbcode/ErrorHandlers/ErrorHandler.bas");
-  EXPECT_TRUE(seeded.good());
+  EXPECT_TRUE(std::filesystem::exists(addin_ + "/vbcode/ErrorHandlers/ErrorHandler.bas"));
   const ToolRun handler = Run({"procedure", "--name", "Go", "--error-handler"});
   EXPECT_NE(handler.out.find("    ErrorHandle \"\", \"Go\"\r\n"), std::string::npos)
       << handler.out;
@@ -235,13 +224,6 @@ TEST_F(ProceduresToolTest, SettingsReachTheGenerator) {
   EXPECT_NE(run.out.find("Resume ExitHere\r\n"), std::string::npos) << run.out;
   EXPECT_NE(run.out.find("    Const PROCNAME = \"Go\"\r\n"), std::string::npos) << run.out;
   EXPECT_NE(run.out.find("Ann"), std::string::npos) << run.out;
-}
-
-TEST_F(ProceduresToolTest, BadInputLeavesTheAddinFolderUnseeded) {
-  EXPECT_EQ(Run({"procedure", "--name", "X", "--arg", "a", "--arg", "a"}).status, 2);
-  EXPECT_EQ(Run({"template", folder_.File("missing.bas")}).status, 2);
-  EXPECT_EQ(Run({"header", "class", "X"}).status, 2);
-  EXPECT_FALSE(std::filesystem::exists(std::filesystem::path(addin_) / "tvrusr.ini"));
 }
 
 }  // namespace

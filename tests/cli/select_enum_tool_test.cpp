@@ -1,22 +1,15 @@
-#include <filesystem>
-
 #include "tests/cli/tool_fixture.h"
 
 namespace tavrin::testing {
 namespace {
 
-class SelectEnumToolTest : public ToolFixture {
+class SelectEnumToolTest : public AddinToolFixture {
  protected:
   ToolRun Run(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), "select-enum");
-    arguments.insert(arguments.end(), {"--addin-dir", addin_});
-    return ToolFixture::Run(arguments);
+    return AddinToolFixture::Run(arguments);
   }
 
-  std::string addin_ = [this] {
-    std::filesystem::create_directories(folder_.path() / "addin");
-    return folder_.File("addin");
-  }();
   std::string module_ = Write("basMain.bas",
                               "Attribute VB_Name = \"basMain\"\r\n"
                               "Public Enum eSize\r\n    Small\r\n    Large\r\nEnd Enum\r\n"

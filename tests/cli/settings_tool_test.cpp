@@ -3,34 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include <nlohmann/json.hpp>
 
-#include "tests/cli/tool_runner.h"
-#include "tests/support/temp_folder.h"
+#include "tests/cli/tool_fixture.h"
 
 namespace tavrin::testing {
 namespace {
 
 namespace fs = std::filesystem;
 
-class SettingsToolTest : public ::testing::Test {
- protected:
-  void SetUp() override { fs::create_directory(Addin()); }
-  std::string Addin() const { return folder_.File("addin"); }
-  ToolRun Run(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), {"--addin-dir", Addin()});
-    return RunTool(arguments, folder_.path().string());
-  }
-  std::string Read(std::string_view name) {
-    std::ifstream in(Addin() + "/" + std::string(name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  }
-
-  TempFolder folder_;
-};
+using SettingsToolTest = AddinToolFixture;
 
 TEST_F(SettingsToolTest, FirstUseCreatesTheFilesAndListsEverySetting) {
   const ToolRun run = Run({"settings", "--json"});
@@ -41,9 +24,9 @@ TEST_F(SettingsToolTest, FirstUseCreatesTheFilesAndListsEverySetting) {
   EXPECT_EQ(list[11]["file"], "tvrtp.ini");
   EXPECT_EQ(list[53]["type"], "folder path");
   EXPECT_EQ(list[53]["value"], "\\vbcode\\");
-  EXPECT_NE(Read("tvrusr.ini").find("[File Locations]\r\n"), std::string::npos);
-  EXPECT_NE(Read("tvrtp.ini").find("Long Prefix=lng"), std::string::npos);
-  EXPECT_TRUE(fs::exists(Addin() + "/vbcode/ErrorHandlers/basErrorHandle.bas"));
+  EXPECT_NE(Read("addin/tvrusr.ini").find("[File Locations]\r\n"), std::string::npos);
+  EXPECT_NE(Read("addin/tvrtp.ini").find("Long Prefix=lng"), std::string::npos);
+  EXPECT_TRUE(fs::exists(addin_ + "/vbcode/ErrorHandlers/basErrorHandle.bas"));
 }
 
 TEST_F(SettingsToolTest, SetThenName) {
@@ -51,10 +34,10 @@ TEST_F(SettingsToolTest, SetThenName) {
   EXPECT_EQ(Run({"name", "MaxItems", "--type", "long", "--scope", "global", "--const"}).out,
             "gclngMaxItems\n");
   ASSERT_EQ(Run({"settings", "set", "prefix module", ""}).status, 0);
-  EXPECT_NE(Read("tvrtp.ini").find("Prefix Module=\r\n"), std::string::npos);
+  EXPECT_NE(Read("addin/tvrtp.ini").find("Prefix Module=\r\n"), std::string::npos);
   EXPECT_EQ(Run({"name", "Count", "--type", "Long", "--scope", "module"}).out, "lngCount\n");
   ASSERT_EQ(Run({"settings", "set", "Const Tag Before Type Tag", "0"}).status, 0);
-  EXPECT_NE(Read("tvrusr.ini").find("Const Tag Before Type Tag=False\r\n"), std::string::npos);
+  EXPECT_NE(Read("addin/tvrusr.ini").find("Const Tag Before Type Tag=False\r\n"), std::string::npos);
 
   const ToolRun bad = Run({"settings", "set", "Add Header Method", "maybe"});
   EXPECT_EQ(bad.status, 2);
@@ -64,22 +47,21 @@ TEST_F(SettingsToolTest, SetThenName) {
 
 TEST_F(SettingsToolTest, PathsAndFolders) {
   EXPECT_EQ(Run({"path", "<templates>\\CollectionClass\\CollectionClass.cls"}).out,
-            Addin() + "/vbcode/Templates/CollectionClass/CollectionClass.cls\n");
+            addin_ + "/vbcode/Templates/CollectionClass/CollectionClass.cls\n");
   const auto folders = nlohmann::json::parse(Run({"folders", "--json"}).out);
   EXPECT_EQ(folders[3]["pseudoRoot"], "<fragments>");
-  EXPECT_EQ(folders[3]["folder"], Addin() + "/vbcode/Fragments");
+  EXPECT_EQ(folders[3]["folder"], addin_ + "/vbcode/Fragments");
 }
 
 TEST_F(SettingsToolTest, IniCommands) {
-  std::ofstream(Addin() + "/x.ini", std::ios::binary)
-      << "; mine\r\n[A]\r\nk = 1\r\n\r\n[B]\r\nj=2\r\n";
+  Write("addin/x.ini", "; mine\r\n[A]\r\nk = 1\r\n\r\n[B]\r\nj=2\r\n");
   EXPECT_EQ(Run({"ini", "get", "x.ini", "a", "K"}).out, "1\n");
   EXPECT_EQ(Run({"ini", "get", "x.ini", "a", "missing"}).status, 1);
   ASSERT_EQ(Run({"ini", "set", "x.ini", "B", "n", "3"}).status, 0);
-  EXPECT_EQ(Read("x.ini"), "; mine\r\n[A]\r\nk = 1\r\n\r\n[B]\r\nj=2\r\nn=3\r\n");
+  EXPECT_EQ(Read("addin/x.ini"), "; mine\r\n[A]\r\nk = 1\r\n\r\n[B]\r\nj=2\r\nn=3\r\n");
   ASSERT_EQ(Run({"ini", "remove", "x.ini", "B", "j"}).status, 0);
   ASSERT_EQ(Run({"ini", "delete-section", "x.ini", "A"}).status, 0);
-  EXPECT_EQ(Read("x.ini"), "; mine\r\n[A]\r\n\r\n[B]\r\nn=3\r\n");
+  EXPECT_EQ(Read("addin/x.ini"), "; mine\r\n[A]\r\n\r\n[B]\r\nn=3\r\n");
   const auto dump = nlohmann::json::parse(Run({"ini", "dump", "x.ini", "--json"}).out);
   EXPECT_EQ(dump["sections"][1]["name"], "B");
   EXPECT_EQ(dump["sections"][1]["items"][0]["key"], "n");
@@ -87,18 +69,10 @@ TEST_F(SettingsToolTest, IniCommands) {
 }
 
 TEST_F(SettingsToolTest, FailuresAreClearAndChangeNothing) {
-  fs::create_directory(Addin() + "/dir.ini");
+  fs::create_directory(addin_ + "/dir.ini");
   const ToolRun folder = Run({"ini", "set", "dir.ini", "S", "k", "v"});
   EXPECT_EQ(folder.status, 2);
   EXPECT_TRUE(folder.err.starts_with("tavrin: ")) << folder.err;
-
-  std::ofstream(Addin() + "/ro.ini", std::ios::binary) << "[A]\r\nk=1\r\n";
-  fs::permissions(Addin() + "/ro.ini", fs::perms::owner_read);
-  const ToolRun read_only = Run({"ini", "set", "ro.ini", "A", "k", "2"});
-  EXPECT_EQ(read_only.status, 2);
-  EXPECT_TRUE(read_only.err.starts_with("tavrin: Unable to save INI file section 'A': "))
-      << read_only.err;
-  EXPECT_EQ(Read("ro.ini"), "[A]\r\nk=1\r\n");
 
   const ToolRun missing = RunTool({"--addin-dir", folder_.File("nowhere"), "settings"},
                                   folder_.path().string());

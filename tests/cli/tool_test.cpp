@@ -53,17 +53,6 @@ TEST_F(ToolTest, SnippetAsJsonGivesTheLinesAndTheCaret) {
   EXPECT_EQ(Read(module), kModule1) << "--json alone writes no file";
 }
 
-TEST_F(ToolTest, SnippetWritesTheWholeFileKeepingHeaderEncodingAndLineEnds) {
-  const std::string module = Write("Module1.bas", kModule1);
-  const ToolRun run = Run({"snippet", "ForNext", module, "--caret", "12:1"});
-  ASSERT_EQ(run.status, 0) << run.err;
-  std::string expected(kModule1);
-  expected.replace(expected.find("\r\n\r\nEnd Sub") + 2, 2,
-                   "    For To\r\n        \r\n    Next\r\n");
-  expected.replace(expected.find("For To"), 6, "For  To");
-  EXPECT_EQ(run.out, expected);
-}
-
 TEST_F(ToolTest, OutputGoesToAFileOrReplacesTheSource) {
   const std::string module = Write("Module1.bas", kModule1);
   const std::string copy = folder_.File("Out.bas");
@@ -78,13 +67,6 @@ TEST_F(ToolTest, OutputGoesToAFileOrReplacesTheSource) {
   EXPECT_EQ(Read(module), Read(copy));
 }
 
-TEST_F(ToolTest, LfOnlyFilesStayLfOnly) {
-  const std::string module = Write("Lf.bas", "Sub A()\n    x = 1\n\nEnd Sub\n");
-  const ToolRun run = Run({"snippet", "If Then", module, "--caret", "3:1"});
-  ASSERT_EQ(run.status, 0) << run.err;
-  EXPECT_EQ(run.out, "Sub A()\n    x = 1\n    If  Then\n        \n    End If\nEnd Sub\n");
-}
-
 TEST_F(ToolTest, TabWidthSetsTheIndentUnit) {
   const std::string module = Write("Module1.bas", kModule1);
   const ToolRun run =
@@ -95,33 +77,54 @@ TEST_F(ToolTest, TabWidthSetsTheIndentUnit) {
   EXPECT_EQ(lines[12], "      ");
 }
 
-TEST_F(ToolTest, CancellingAQuestionLeavesTheFileAsItWas) {
-  const std::string module = Write("Module1.bas", kModule1);
-  const ToolRun run = Run({"snippet", "If Then Else If", module, "--caret", "12:1", "--cancel"});
-  ASSERT_EQ(run.status, 0) << run.err;
-  EXPECT_EQ(run.out, kModule1);
+// The source with `block` in place of the empty line before "End Sub".
+std::string WithBlock(std::string_view source, std::string_view block) {
+  std::string text(source);
+  return text.replace(text.find("\r\n\r\nEnd Sub") + 2, 2, block);
 }
 
-TEST_F(ToolTest, FormsKeepTheirDesignerBlock) {
-  constexpr std::string_view form =
-      "VERSION 5.00\r\n"
-      "Begin VB.Form frmMain \r\n"
-      "   Caption         =   \"Main\"\r\n"
-      "   Begin VB.CommandButton cmdOpen \r\n"
-      "      Caption         =   \"&Open\"\r\n"
-      "   End\r\n"
-      "End\r\n"
-      "Attribute VB_Name = \"frmMain\"\r\n"
-      "Private Sub cmdOpen_Click()\r\n"
-      "\r\n"
-      "End Sub\r\n";
-  const std::string path = Write("frmMain.frm", form);
-  const ToolRun run = Run({"snippet", "IfDoLoopUntil", path, "--caret", "2:1"});
-  ASSERT_EQ(run.status, 0) << run.err;
-  std::string expected(form);
-  expected.replace(expected.find("\r\n\r\nEnd Sub") + 2, 2,
-                   "    Do Until \r\n        \r\n    Loop\r\n");
-  EXPECT_EQ(run.out, expected);
+constexpr std::string_view kForm =
+    "VERSION 5.00\r\n"
+    "Begin VB.Form frmMain \r\n"
+    "   Caption         =   \"Main\"\r\n"
+    "   Begin VB.CommandButton cmdOpen \r\n"
+    "      Caption         =   \"&Open\"\r\n"
+    "   End\r\n"
+    "End\r\n"
+    "Attribute VB_Name = \"frmMain\"\r\n"
+    "Private Sub cmdOpen_Click()\r\n"
+    "\r\n"
+    "End Sub\r\n";
+
+// The whole file comes out with its header, designer block, encoding and
+// line ends as they were.
+TEST_F(ToolTest, SnippetPrintsTheWholeFile) {
+  const struct {
+    const char* file;
+    std::string text;
+    const char* snippet;
+    std::vector<std::string> options;
+    std::string expected;
+  } cases[] = {
+      {"Module1.bas", std::string(kModule1), "ForNext", {"--caret", "12:1"},
+       WithBlock(kModule1, "    For  To\r\n        \r\n    Next\r\n")},
+      {"Lf.bas", "Sub A()\n    x = 1\n\nEnd Sub\n", "If Then", {"--caret", "3:1"},
+       "Sub A()\n    x = 1\n    If  Then\n        \n    End If\nEnd Sub\n"},
+      {"frmMain.frm", std::string(kForm), "IfDoLoopUntil", {"--caret", "2:1"},
+       WithBlock(kForm, "    Do Until \r\n        \r\n    Loop\r\n")},
+      // Cancelling the question leaves the file as it was.
+      {"Cancel.bas", std::string(kModule1), "If Then Else If",
+       {"--caret", "12:1", "--cancel"},
+       std::string(kModule1)},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.file);
+    std::vector<std::string> arguments = {"snippet", c.snippet, Write(c.file, c.text)};
+    arguments.insert(arguments.end(), c.options.begin(), c.options.end());
+    const ToolRun run = Run(arguments);
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out, c.expected);
+  }
 }
 
 TEST_F(ToolTest, BadInputGivesStatusTwoOneLineAndWritesNothing) {

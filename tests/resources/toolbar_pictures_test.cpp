@@ -41,6 +41,7 @@ TEST(ToolbarPicturesTest, EveryIdentifierHasItsOwnPictureAndAMaskShowingIt) {
     for (const std::string* bmp : {&*picture, &*mask}) {
       ASSERT_EQ(bmp->size(), kBmpSize);
       EXPECT_EQ(bmp->substr(0, 2), "BM");
+      EXPECT_EQ(bmp->substr(18, 8), std::string("\x10\0\0\0\x10\0\0\0", 8));  // 16 x 16
       EXPECT_EQ((*bmp)[28], 24);  // bits per pixel
     }
     const int shown = ShownPixels(*mask);
@@ -49,6 +50,11 @@ TEST(ToolbarPicturesTest, EveryIdentifierHasItsOwnPictureAndAMaskShowingIt) {
     faces.insert(*picture);
   }
   EXPECT_EQ(faces.size(), ids.size());
+}
+
+TEST(ToolbarPicturesTest, UnknownNamesGiveNoPicture) {
+  for (const char* name : {"", "m", "109", "101mm", "abc"})
+    EXPECT_FALSE(LoadResPicture(name).has_value()) << name;
 }
 
 }  // namespace
