@@ -17,12 +17,7 @@ namespace {
 
 class ProjectTest : public ::testing::Test {
  protected:
-  void AddSample() {
-    for (const char* name : {"Inventory.vbp", "basMain.bas", "clsStockItem.cls", "frmMain.frm",
-                             "frmAbout.frm"}) {
-      files_.AddFileFromSourceTree(std::string("sample/") + name, std::string("/src/") + name);
-    }
-  }
+  void AddSample() { files_.AddSampleProject("/src"); }
 
   std::shared_ptr<MemoryVbe> vbe_ = MemoryVbe::Create();
   testing::MemoryFileSystem files_;
