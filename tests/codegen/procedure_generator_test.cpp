@@ -72,7 +72,6 @@ TEST(GenerateCodeTest, DeclarationEdgeCases) {
     std::string declaration;
     std::string last_line;
   } cases[] = {
-      {[](clsProcedure&) {}, "Public Sub Calculate(a As Long, ByVal b As Long)", "End Sub"},
       {[](clsProcedure& p) { p.Arguments = {}; }, "Public Sub Calculate()", "End Sub"},
       {[](clsProcedure& p) {
          p.Arguments = {};
@@ -117,15 +116,6 @@ TEST(GenerateCodeTest, ProcContentIsAnsweredUnchanged) {
   procedure.ProcContent = "Sub Mine()\r\nEnd Sub";
   procedure.WithErrorHandler = true;
   EXPECT_EQ(procedure.GenerateCode(), "Sub Mine()\r\nEnd Sub");
-}
-
-TEST(GenerateCodeTest, SeparateLinesLineUpUnderTheFirstArgument) {
-  clsProcedure procedure = Calculate();
-  procedure.ArgumentsOnSeparateLines = true;
-  EXPECT_EQ(procedure.GenerateCode(),
-            "Public Sub Calculate(a As Long, _\r\n" + Blanks(21) +
-                "ByVal b As Long)\r\n\r\nEnd Sub\r\n");
-  EXPECT_EQ(procedure.GetArgString(0), "a As Long, ByVal b As Long");
 }
 
 TEST(ArgumentsOrderTest, Table) {

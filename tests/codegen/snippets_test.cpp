@@ -28,16 +28,14 @@ TEST(SnippetsTest, IfFamilyBlocks) {
        {"  If Then", "      ", "  ElseIf Then", "      ", "  ElseIf Then", "      ", "  End If"}},
       {IfForm::kIfThenElseIf, 0, {"  If Then", "      ", "  End If"}},
       {IfForm::kIfThenElseIfElse, 0, {"  If Then", "      ", "  Else", "      ", "  End If"}},
+      {IfForm::kIfThenElseIfElse, 1,
+       {"  If Then", "      ", "  ElseIf Then", "      ", "  Else", "      ", "  End If"}},
   };
-  for (const auto& c : cases)
-    EXPECT_EQ(Lines(IfBlockText(c.form, "  ", "    ", c.else_ifs)), c.expected);
-}
-
-TEST(SnippetsTest, IfThenElseIfElseWithOneElseIfHasSevenLines) {
-  const std::string text = IfBlockText(IfForm::kIfThenElseIfElse, "    ", "    ", 1);
-  EXPECT_EQ(Lines(text), (LineList{"    If Then", "        ", "    ElseIf Then", "        ",
-                                   "    Else", "        ", "    End If"}));
-  EXPECT_FALSE(text.ends_with("\r\n"));
+  for (const auto& c : cases) {
+    const std::string text = IfBlockText(c.form, "  ", "    ", c.else_ifs);
+    EXPECT_EQ(Lines(text), c.expected);
+    EXPECT_FALSE(text.ends_with("\r\n"));
+  }
 }
 
 TEST(SnippetsTest, CommandNamesSelectTheIfForm) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -24,96 +25,80 @@ class MemoryCodeModuleTest : public ::testing::Test {
     return component_->CodeModule();
   }
 
-  Lines All(ICodeModule& module) { return testing::CodeLines(module); }
-
-
   std::shared_ptr<MemoryVbe> vbe_ = MemoryVbe::Create();
   std::shared_ptr<MemoryComponent> component_;
 };
 
-TEST_F(MemoryCodeModuleTest, LinesJoinsWithCrLfWithoutATrailingBreak) {
+TEST_F(MemoryCodeModuleTest, LinesJoinsWithCrLfAndReadsNothingPastTheEnd) {
   auto module = Module("a\nb\nc");
-  EXPECT_EQ(module->Lines(1, 3), "a\r\nb\r\nc");
-  EXPECT_EQ(module->Lines(2, 1), "b");
-  EXPECT_EQ(module->Lines(2, 0), "");
+  const struct {
+    int start, count;
+    std::string expected;
+  } cases[] = {{1, 3, "a\r\nb\r\nc"}, {2, 1, "b"}, {2, 0, ""}, {3, 5, "c"}, {4, 1, ""},
+               {10, 2, ""}};
+  for (const auto& c : cases) EXPECT_EQ(module->Lines(c.start, c.count), c.expected) << c.start;
 }
 
-TEST_F(MemoryCodeModuleTest, LinesPastTheEndReadAsNothing) {
-  auto module = Module("a\nb");
-  EXPECT_EQ(module->Lines(2, 5), "b");
-  EXPECT_EQ(module->Lines(3, 1), "");
-  EXPECT_EQ(module->Lines(10, 2), "");
-}
-
-TEST_F(MemoryCodeModuleTest, LinesRejectsStartBelowOneAndNegativeCount) {
-  auto module = Module("a");
-  EXPECT_EQ(testing::IdeErrorNumber([&] { module->Lines(0, 1); }), 5);
-  EXPECT_EQ(testing::IdeErrorNumber([&] { module->Lines(1, -1); }), 5);
-}
-
-TEST_F(MemoryCodeModuleTest, InsertLinesSplitsAtEveryKindOfLineBreak) {
-  auto module = Module("first\nlast");
-  module->InsertLines(2, "a\r\nb\nc\rd");
-  EXPECT_EQ(All(*module), (Lines{"first", "a", "b", "c", "d", "last"}));
-}
-
-TEST_F(MemoryCodeModuleTest, InsertLinesEdgeCases) {
-  struct Case {
+TEST_F(MemoryCodeModuleTest, EditsSplitAtEveryLineBreak) {
+  using Edit = std::function<void(ICodeModule&)>;
+  const struct {
     const char* label;
-    int line;
-    const char* text;
+    const char* code;
+    Edit edit;
     Lines expected;
+  } cases[] = {
+      {"insert: every kind of break", "first\nlast", [](auto& m) { m.InsertLines(2, "a\r\nb\nc\rd"); },
+       {"first", "a", "b", "c", "d", "last"}},
+      {"insert: empty text is one empty line", "x\ny", [](auto& m) { m.InsertLines(1, ""); },
+       {"", "x", "y"}},
+      {"insert: a trailing break is an empty line", "x\ny",
+       [](auto& m) { m.InsertLines(2, "a\r\n"); }, {"x", "a", "", "y"}},
+      {"insert: Count + 1 appends", "x\ny", [](auto& m) { m.InsertLines(3, "z"); },
+       {"x", "y", "z"}},
+      {"insert: far past the end appends", "x\ny", [](auto& m) { m.InsertLines(99, "z"); },
+       {"x", "y", "z"}},
+      {"replace: breaks make several lines", "a\nb\nc",
+       [](auto& m) { m.ReplaceLine(2, "x\r\ny"); }, {"a", "x", "y", "c"}},
+      {"delete a range, then one line", "a\nb\nc\nd",
+       [](auto& m) {
+         m.DeleteLines(2, 2);
+         m.DeleteLines(2);
+       },
+       {"a"}},
   };
-  const Case cases[] = {
-      {"empty text inserts one empty line", 1, "", {"", "x", "y"}},
-      {"trailing break inserts an empty line", 2, "a\r\n", {"x", "a", "", "y"}},
-      {"Count + 1 appends", 3, "z", {"x", "y", "z"}},
-      {"far past the end appends", 99, "z", {"x", "y", "z"}},
-  };
-  for (const auto& test : cases) {
-    auto module = Module("x\ny");
-    module->InsertLines(test.line, test.text);
-    EXPECT_EQ(All(*module), test.expected) << test.label;
+  for (const auto& c : cases) {
+    auto module = Module(c.code);
+    c.edit(*module);
+    EXPECT_EQ(testing::CodeLines(*module), c.expected) << c.label;
   }
-  auto module = Module("x");
-  EXPECT_EQ(testing::IdeErrorNumber([&] { module->InsertLines(0, "a"); }), 5);
+}
+
+TEST_F(MemoryCodeModuleTest, OutOfRangeArgumentsRaiseAndChangeNothing) {
+  auto module = Module("a\nb");
+  const struct {
+    const char* label;
+    std::function<void()> action;
+    int error;
+  } cases[] = {
+      {"Lines from 0", [&] { module->Lines(0, 1); }, 5},
+      {"Lines of -1", [&] { module->Lines(1, -1); }, 5},
+      {"InsertLines at 0", [&] { module->InsertLines(0, "x"); }, 5},
+      {"ReplaceLine 0", [&] { module->ReplaceLine(0, "x"); }, 9},
+      {"ReplaceLine past the end", [&] { module->ReplaceLine(3, "x"); }, 9},
+      {"DeleteLines from 0", [&] { module->DeleteLines(0, 1); }, 9},
+      {"DeleteLines past the end", [&] { module->DeleteLines(2, 2); }, 9},
+      {"DeleteLines of 0", [&] { module->DeleteLines(1, 0); }, 9},
+      {"DeleteLines after the last", [&] { module->DeleteLines(3, 1); }, 9},
+  };
+  for (const auto& c : cases) EXPECT_EQ(testing::IdeErrorNumber(c.action), c.error) << c.label;
+  EXPECT_EQ(testing::CodeLines(*module), (Lines{"a", "b"}));
 }
 
 TEST_F(MemoryCodeModuleTest, InsertIntoEmptyModule) {
   auto module = Module("");
   EXPECT_EQ(module->CountOfLines(), 0);
   module->InsertLines(1, "Option Explicit");
-  EXPECT_EQ(All(*module), (Lines{"Option Explicit"}));
   EXPECT_EQ(component_->SourceBytes(), "Attribute VB_Name = \"Module1\"\r\nOption Explicit\r\n");
-}
-
-TEST_F(MemoryCodeModuleTest, ReplaceLineWithBreaksBecomesSeveralLines) {
-  auto module = Module("a\nb\nc");
-  module->ReplaceLine(2, "x\r\ny");
-  EXPECT_EQ(All(*module), (Lines{"a", "x", "y", "c"}));
-}
-
-TEST_F(MemoryCodeModuleTest, ReplaceLineOutsideTheModuleIsOutOfRange) {
-  auto module = Module("a");
-  EXPECT_EQ(testing::IdeErrorNumber([&] { module->ReplaceLine(0, "x"); }), 9);
-  EXPECT_EQ(testing::IdeErrorNumber([&] { module->ReplaceLine(2, "x"); }), 9);
-}
-
-TEST_F(MemoryCodeModuleTest, DeleteLinesRemovesARange) {
-  auto module = Module("a\nb\nc\nd");
-  module->DeleteLines(2, 2);
-  EXPECT_EQ(All(*module), (Lines{"a", "d"}));
-  module->DeleteLines(2);
-  EXPECT_EQ(All(*module), (Lines{"a"}));
-}
-
-TEST_F(MemoryCodeModuleTest, DeleteLinesRangeMustLieInTheModule) {
-  auto module = Module("a\nb");
-  EXPECT_EQ(testing::IdeErrorNumber([&] { module->DeleteLines(0, 1); }), 9);
-  EXPECT_EQ(testing::IdeErrorNumber([&] { module->DeleteLines(2, 2); }), 9);
-  EXPECT_EQ(testing::IdeErrorNumber([&] { module->DeleteLines(1, 0); }), 9);
-  EXPECT_EQ(testing::IdeErrorNumber([&] { module->DeleteLines(3, 1); }), 9);
-  EXPECT_EQ(All(*module), (Lines{"a", "b"}));
 }
 
 TEST_F(MemoryCodeModuleTest, HiddenAttributeStaysWithItsReplacedLineAndGoesWithItsDeletedLine) {
@@ -135,112 +120,65 @@ TEST_F(MemoryCodeModuleTest, HiddenAttributeStaysWithItsReplacedLineAndGoesWithI
 
 // Find ---------------------------------------------------------------------
 
-TEST_F(MemoryCodeModuleTest, FindSetsTheRangeToTheMatch) {
-  auto module = Module("Dim a\n  x = \"<cursor>\"\nEnd");
-  TextRange range{1, 1, -1, -1};
-  ASSERT_TRUE(module->Find("<cursor>", range));
-  EXPECT_EQ(range, (TextRange{2, 8, 2, 16}));
-}
-
-TEST_F(MemoryCodeModuleTest, FindCountsColumnsInCharacters) {
-  auto module = Module("' Caf\xC3\xA9 cr\xC3\xA8me x");
-  TextRange range{1, 1, -1, -1};
-  ASSERT_TRUE(module->Find("x", range));
-  EXPECT_EQ(range, (TextRange{1, 14, 1, 15}));
-  range = {1, 1, -1, -1};
-  ASSERT_TRUE(module->Find("cr\xC3\xA8me", range));
-  EXPECT_EQ(range, (TextRange{1, 8, 1, 13}));
-}
-
-TEST_F(MemoryCodeModuleTest, FindFailureLeavesTheRangeUnchanged) {
-  auto module = Module("abc");
-  TextRange range{1, 2, 1, 3};
-  EXPECT_FALSE(module->Find("zzz", range));
-  EXPECT_EQ(range, (TextRange{1, 2, 1, 3}));
-}
-
-TEST_F(MemoryCodeModuleTest, FindHonoursTheRange) {
-  auto module = Module("ab ab\nab\nab ab");
-  struct Case {
+// A match, or "none" with the range left as it was.
+TEST_F(MemoryCodeModuleTest, FindTable) {
+  const TextRange kAll{1, 1, -1, -1};
+  const TextRange kNone{0, 0, 0, 0};
+  const std::string pattern_code =
+      "x = 12: y = Mid$(s, 3)\nLabel7: GoTo Label7\n' [note] caf\xC3\xA9!";
+  const FindOptions like{.pattern_search = true};
+  const struct {
+    std::string code, target;
     TextRange range;
-    bool found;
-    TextRange match;
-  };
-  const Case cases[] = {
-      {{1, 2, -1, -1}, true, {1, 4, 1, 6}},
-      {{1, 5, -1, -1}, true, {2, 1, 2, 3}},
-      {{3, 1, 3, 2}, false, {}},         // ends before the match ends
-      {{3, 1, 3, 3}, true, {3, 1, 3, 3}},  // end column is one past the match
-      {{3, 2, 3, 99}, true, {3, 4, 3, 6}},
-      {{2, 1, 99, 1}, true, {2, 1, 2, 3}},  // end line past the end: to the end
-      {{4, 1, -1, -1}, false, {}},
-  };
-  for (const auto& test : cases) {
-    TextRange range = test.range;
-    EXPECT_EQ(module->Find("ab", range), test.found)
-        << test.range.start_line << ":" << test.range.start_column;
-    if (test.found) {
-      EXPECT_EQ(range, test.match);
-    }
-  }
-}
-
-TEST_F(MemoryCodeModuleTest, FindMatchCaseAndWholeWord) {
-  auto module = Module("Dim Total, SubTotal, total_x\ntotal = 1");
-  TextRange range{1, 1, -1, -1};
-  ASSERT_TRUE(module->Find("total", range));
-  EXPECT_EQ(range, (TextRange{1, 5, 1, 10}));
-
-  range = {1, 1, -1, -1};
-  ASSERT_TRUE(module->Find("total", range, {.match_case = true}));
-  EXPECT_EQ(range, (TextRange{1, 22, 1, 27}));
-
-  range = {1, 1, -1, -1};
-  ASSERT_TRUE(module->Find("total", range, {.whole_word = true, .match_case = true}));
-  EXPECT_EQ(range, (TextRange{2, 1, 2, 6}));
-}
-
-TEST_F(MemoryCodeModuleTest, WholeWordTakesAccentedLettersAsLetters) {
-  auto module = Module("Caf\xC3\xA9 Caf");
-  TextRange range{1, 1, -1, -1};
-  ASSERT_TRUE(module->Find("Caf", range, {.whole_word = true}));
-  EXPECT_EQ(range, (TextRange{1, 6, 1, 9}));
-}
-
-TEST_F(MemoryCodeModuleTest, FindNeverSpansLines) {
-  auto module = Module("ab\ncd");
-  TextRange range{1, 1, -1, -1};
-  EXPECT_FALSE(module->Find("b\r\nc", range));
-  EXPECT_FALSE(module->Find("bc", range));
-}
-
-TEST_F(MemoryCodeModuleTest, PatternSearchUsesLikeWildcards) {
-  auto module = Module("x = 12: y = Mid$(s, 3)\nLabel7: GoTo Label7\n' [note] caf\xC3\xA9!");
-  struct Case {
-    const char* pattern;
     FindOptions options;
-    TextRange match;
+    TextRange match;  // kNone: not found
+  } cases[] = {
+      {"Dim a\n  x = \"<cursor>\"\nEnd", "<cursor>", kAll, {}, {2, 8, 2, 16}},
+      // Columns count characters, not bytes.
+      {"' Caf\xC3\xA9 cr\xC3\xA8me x", "x", kAll, {}, {1, 14, 1, 15}},
+      {"' Caf\xC3\xA9 cr\xC3\xA8me x", "cr\xC3\xA8me", kAll, {}, {1, 8, 1, 13}},
+      {"abc", "zzz", {1, 2, 1, 3}, {}, kNone},
+      // The range bounds the search.
+      {"ab ab\nab\nab ab", "ab", {1, 2, -1, -1}, {}, {1, 4, 1, 6}},
+      {"ab ab\nab\nab ab", "ab", {1, 5, -1, -1}, {}, {2, 1, 2, 3}},
+      {"ab ab\nab\nab ab", "ab", {3, 1, 3, 2}, {}, kNone},  // ends before the match ends
+      {"ab ab\nab\nab ab", "ab", {3, 1, 3, 3}, {}, {3, 1, 3, 3}},  // end one past the match
+      {"ab ab\nab\nab ab", "ab", {3, 2, 3, 99}, {}, {3, 4, 3, 6}},
+      {"ab ab\nab\nab ab", "ab", {2, 1, 99, 1}, {}, {2, 1, 2, 3}},  // end line past the end
+      {"ab ab\nab\nab ab", "ab", {4, 1, -1, -1}, {}, kNone},
+      // Case and whole words.
+      {"Dim Total, SubTotal, total_x\ntotal = 1", "total", kAll, {}, {1, 5, 1, 10}},
+      {"Dim Total, SubTotal, total_x\ntotal = 1", "total", kAll, {.match_case = true},
+       {1, 22, 1, 27}},
+      {"Dim Total, SubTotal, total_x\ntotal = 1", "total", kAll,
+       {.whole_word = true, .match_case = true}, {2, 1, 2, 6}},
+      {"Caf\xC3\xA9 Caf", "Caf", kAll, {.whole_word = true}, {1, 6, 1, 9}},
+      // Never across lines.
+      {"ab\ncd", "b\r\nc", kAll, {}, kNone},
+      {"ab\ncd", "bc", kAll, {}, kNone},
+      {"ab", "", kAll, {}, kNone},
+      // Like wildcards.
+      {pattern_code, "##", kAll, like, {1, 5, 1, 7}},
+      {pattern_code, "M?d$", kAll, like, {1, 13, 1, 17}},
+      {pattern_code, "(*)", kAll, like, {1, 17, 1, 23}},
+      {pattern_code, "y*)", kAll, like, {1, 9, 1, 23}},
+      {pattern_code, "Label#", kAll, {.whole_word = true, .pattern_search = true}, {2, 1, 2, 7}},
+      {pattern_code, "[!a-z ]abel", kAll, {.match_case = true, .pattern_search = true},
+       {2, 1, 2, 6}},
+      {pattern_code, "[[]note]", kAll, like, {3, 3, 3, 9}},
+      {pattern_code, "caf?!", kAll, like, {3, 10, 3, 15}},
+      {pattern_code, "GOTO", kAll, like, {2, 9, 2, 13}},
+      {pattern_code, "GOTO", kAll, {.match_case = true, .pattern_search = true}, kNone},
+      {pattern_code, "[abc", kAll, like, kNone},
   };
-  const Case cases[] = {
-      {"##", {.pattern_search = true}, {1, 5, 1, 7}},
-      {"M?d$", {.pattern_search = true}, {1, 13, 1, 17}},
-      {"(*)", {.pattern_search = true}, {1, 17, 1, 23}},
-      {"y*)", {.pattern_search = true}, {1, 9, 1, 23}},
-      {"Label#", {.whole_word = true, .pattern_search = true}, {2, 1, 2, 7}},
-      {"[!a-z ]abel", {.match_case = true, .pattern_search = true}, {2, 1, 2, 6}},
-      {"[[]note]", {.pattern_search = true}, {3, 3, 3, 9}},
-      {"caf?!", {.pattern_search = true}, {3, 10, 3, 15}},
-      {"GOTO", {.pattern_search = true}, {2, 9, 2, 13}},
-  };
-  for (const auto& test : cases) {
-    TextRange range{1, 1, -1, -1};
-    ASSERT_TRUE(module->Find(test.pattern, range, test.options)) << test.pattern;
-    EXPECT_EQ(range, test.match) << test.pattern;
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.code + " / " + c.target);
+    auto module = Module(c.code);
+    TextRange range = c.range;
+    const bool found = c.match != kNone;
+    EXPECT_EQ(module->Find(c.target, range, c.options), found);
+    EXPECT_EQ(range, found ? c.match : c.range);
   }
-  TextRange range{1, 1, -1, -1};
-  EXPECT_FALSE(module->Find("GOTO", range, {.match_case = true, .pattern_search = true}));
-  EXPECT_FALSE(module->Find("[abc", range, {.pattern_search = true}));
-  EXPECT_FALSE(module->Find("", range));
 }
 
 TEST_F(MemoryCodeModuleTest, FindLoopRemovesEveryMarker) {
@@ -255,7 +193,7 @@ TEST_F(MemoryCodeModuleTest, FindLoopRemovesEveryMarker) {
     ++found;
   }
   EXPECT_EQ(found, 2);
-  EXPECT_EQ(All(*module), (Lines{"ab", "c", "d"}));
+  EXPECT_EQ(testing::CodeLines(*module), (Lines{"ab", "c", "d"}));
 }
 
 }  // namespace

@@ -5,18 +5,12 @@
 #include "ide/memory/memory_addins.h"
 #include "ide/memory/memory_events.h"
 #include "ide/memory/memory_vbe.h"
+#include "tests/support/ide_error.h"
 
 namespace tavrin::ide::memory {
 namespace {
 
-int ErrorOf(const std::function<void()>& step) {
-  try {
-    step();
-  } catch (const Error& error) {
-    return error.number();
-  }
-  return 0;
-}
+using testing::IdeErrorNumber;
 
 class CountingSink : public ICommandBarEventsSink {
  public:
@@ -36,10 +30,10 @@ class MemoryCommandBarsTest : public ::testing::Test {
 TEST_F(MemoryCommandBarsTest, BarsAreFoundByNameAndMissingOnesRaise) {
   EXPECT_EQ(bars_->Item("code window")->Name(), "Code Window");
   EXPECT_EQ(bars_->Item("Code Window")->Position(), BarPosition::kPopup);
-  EXPECT_NE(ErrorOf([&] { bars_->Item("Tavrin"); }), 0);
+  EXPECT_NE(IdeErrorNumber([&] { bars_->Item("Tavrin"); }), 0);
   const auto bar = bars_->Add("Tavrin", BarPosition::kTop, false, true);
   EXPECT_EQ(bars_->Item("Tavrin"), bar);
-  EXPECT_EQ(ErrorOf([&] { bars_->Add("TAVRIN", BarPosition::kTop, false, true); }), 5);
+  EXPECT_EQ(IdeErrorNumber([&] { bars_->Add("TAVRIN", BarPosition::kTop, false, true); }), 5);
   EXPECT_EQ(bars_->Add("", BarPosition::kTop, false, true)->Name(), "Custom 1");
 }
 
@@ -47,15 +41,15 @@ TEST_F(MemoryCommandBarsTest, MembersAControlLacksRaise438) {
   const auto bar = bars_->Add("Tavrin", BarPosition::kTop, false, true);
   const auto button = bar->Controls()->Add(ControlType::kButton);
   const auto popup = bar->Controls()->Add(ControlType::kPopup);
-  EXPECT_EQ(ErrorOf([&] { button->Controls(); }), kErrorNoSuchMember);
-  EXPECT_EQ(ErrorOf([&] { popup->Style(); }), kErrorNoSuchMember);
-  EXPECT_EQ(ErrorOf([&] { popup->GetPicture(); }), kErrorNoSuchMember);
+  EXPECT_EQ(IdeErrorNumber([&] { button->Controls(); }), kErrorNoSuchMember);
+  EXPECT_EQ(IdeErrorNumber([&] { popup->Style(); }), kErrorNoSuchMember);
+  EXPECT_EQ(IdeErrorNumber([&] { popup->GetPicture(); }), kErrorNoSuchMember);
   vbe_->SetCommandBarsHavePicture(false);
-  EXPECT_EQ(ErrorOf([&] { button->GetPicture(); }), kErrorNoSuchMember);
-  EXPECT_EQ(ErrorOf([&] { button->PasteFace(); }), 5);  // nothing on the clipboard
+  EXPECT_EQ(IdeErrorNumber([&] { button->GetPicture(); }), kErrorNoSuchMember);
+  EXPECT_EQ(IdeErrorNumber([&] { button->PasteFace(); }), 5);  // nothing on the clipboard
   vbe_->ClipboardSetData({"x", "bytes"});
   button->PasteFace();
-  EXPECT_EQ(ErrorOf([&] { bar->Controls()->Add(ControlType::kEdit, 1, {}, 9); }), 5);
+  EXPECT_EQ(IdeErrorNumber([&] { bar->Controls()->Add(ControlType::kEdit, 1, {}, 9); }), 5);
 }
 
 TEST_F(MemoryCommandBarsTest, ControlsKeepTheirOrderAndFindControlSearchesPopups) {
@@ -74,9 +68,9 @@ TEST_F(MemoryCommandBarsTest, ControlsKeepTheirOrderAndFindControlSearchesPopups
   EXPECT_EQ(bars_->FindControl(ControlType::kButton, 22)->Caption(), "&Paste");
   first->Delete();
   EXPECT_EQ(bar->Controls()->Count(), 2);
-  EXPECT_EQ(ErrorOf([&] { bars_->Item("Standard")->Delete(); }), 5);
+  EXPECT_EQ(IdeErrorNumber([&] { bars_->Item("Standard")->Delete(); }), 5);
   bar->Delete();
-  EXPECT_NE(ErrorOf([&] { bars_->Item("Tavrin"); }), 0);
+  EXPECT_NE(IdeErrorNumber([&] { bars_->Item("Tavrin"); }), 0);
 }
 
 TEST_F(MemoryCommandBarsTest, ClicksReachTheConnectedSinksWhileConnected) {
@@ -108,14 +102,14 @@ TEST_F(MemoryCommandBarsTest, ToolWindowsLiveWhileTheirCreatorHoldsThem) {
   EXPECT_EQ(window->Type(), WindowType::kToolWindow);
   EXPECT_FALSE(window->Visible());
   EXPECT_EQ(vbe_->Windows()->Item("Doc"), window);
-  EXPECT_EQ(ErrorOf([&] {
+  EXPECT_EQ(IdeErrorNumber([&] {
               vbe_->Windows()->CreateToolWindow(add_in, "Lib.Missing", "M", "M", document);
             }),
             429);
   window.reset();
   EXPECT_TRUE(vbe_->ToolWindows().empty());
   EXPECT_EQ(vbe_->Addins()->Item("lib.connect"), add_in);
-  EXPECT_EQ(ErrorOf([&] { vbe_->Addins()->Item("TabOrder.Connect"); }), 9);
+  EXPECT_EQ(IdeErrorNumber([&] { vbe_->Addins()->Item("TabOrder.Connect"); }), 9);
 }
 
 }  // namespace

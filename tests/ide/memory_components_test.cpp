@@ -34,8 +34,7 @@ class ComponentsTest : public ::testing::Test {
  protected:
   ComponentsTest() {
     vbe_->SetFileSystem(&files_);
-    for (const char* name : {"basMain.bas", "clsStockItem.cls", "frmMain.frm", "frmAbout.frm"})
-      files_.AddFileFromSourceTree(std::string("sample/") + name, std::string("/in/") + name);
+    files_.AddSampleProject("/in");
     files_.AddFile("/in/Widget.ctl",
                    "VERSION 5.00\r\nBegin VB.UserControl Widget\r\nEnd\r\n"
                    "Attribute VB_Name = \"Widget\"\r\n");

@@ -48,87 +48,101 @@ void ExpectProcedures(ICodeModule& module, const std::vector<Expected>& procedur
   }
 }
 
-TEST_F(MemoryProceduresTest, CommentsAboveAProcedureBelongToIt) {
-  auto module = Module({
-      "Option Explicit",               // 1
-      "Private mValue As Long",        // 2
-      "' after the declarations",      // 3
-      "",                              // 4
-      "' Says hello.",                 // 5
-      "Public Sub Hello()",            // 6
-      "    MsgBox \"It's me\"",        // 7
-      "End Sub",                       // 8
-      "",                              // 9
-      "Private Function Twice(ByVal n As Long) As Long",  // 10
-      "    Twice = 2 * n",             // 11
-      "End Function",                  // 12
-      "",                              // 13
-      "",                              // 14
-  });
-  EXPECT_EQ(module->CountOfDeclarationLines(), 2);
-  EXPECT_EQ(module->ProcOfLine(2).name, "");
-  ExpectProcedures(*module, {{"Hello", ProcKind::kProc, 3, 6, 6},
-                             {"Twice", ProcKind::kProc, 9, 10, 6}});
-}
-
-TEST_F(MemoryProceduresTest, PropertyGetAndLetOfOneNameAreToldApartByKind) {
-  auto module = Module({
-      "Private mName As String",                        // 1
-      "Public Property Get Name() As String",           // 2
-      "    Name = mName",                               // 3
-      "End Property",                                   // 4
-      "Public Property Let Name(ByVal Value As String)",  // 5
-      "    mName = Value",                              // 6
-      "End Property",                                   // 7
-      "Public Property Set Font(ByVal Value As Object)",  // 8
-      "End Property",                                   // 9
-      "Friend Static Function Counter() As Long",       // 10
-      "End Function",                                   // 11
-  });
-  ExpectProcedures(*module, {{"Name", ProcKind::kGet, 2, 2, 3},
-                             {"Name", ProcKind::kLet, 5, 5, 3},
-                             {"Font", ProcKind::kSet, 8, 8, 2},
-                             {"Counter", ProcKind::kProc, 10, 10, 2}});
-}
-
-TEST_F(MemoryProceduresTest, ContinuedDeclarationsCountToTheirLastLine) {
-  auto module = Module({
-      "Private Declare Function GetTickCount _",  // 1
-      "    Lib \"kernel32\" () As Long",          // 2
-      "",                                         // 3
-      "Public Function Join3(ByVal a As String, _",  // 4
-      "    ByVal b As String) As String",         // 5
-      "End Function",                             // 6
-      "Public _",                                 // 7
-      "  Sub Split()",                            // 8
-      "End Sub",                                  // 9
-  });
-  EXPECT_EQ(module->CountOfDeclarationLines(), 2);
-  ExpectProcedures(*module, {{"Join3", ProcKind::kProc, 3, 4, 4},
-                             {"Split", ProcKind::kProc, 7, 7, 3}});
-}
-
-TEST_F(MemoryProceduresTest, DeclaredProceduresAndLookalikesAreNotProcedures) {
-  auto module = Module({
-      "Private Declare Sub Sleep Lib \"kernel32\" (ByVal ms As Long)",  // 1
-      "Public Event Changed()",                                         // 2
-      "Dim Sub_Total As Long",                                          // 3
-      "' Sub NotCode()",                                                // 4
-      "Sub Real()",                                                     // 5
-      "    Sub_Total = 1: End Sub",                                     // 6 (not an End line)
-      "10  End Sub ' numbered",                                         // 7
-  });
-  EXPECT_EQ(module->CountOfDeclarationLines(), 3);
-  ExpectProcedures(*module, {{"Real", ProcKind::kProc, 4, 5, 4}});
-  EXPECT_THROW(module->ProcStartLine("NotCode", ProcKind::kProc), Error);
-  EXPECT_THROW(module->ProcStartLine("Sleep", ProcKind::kProc), Error);
+TEST_F(MemoryProceduresTest, ProcedureLinesTable) {
+  const struct {
+    const char* label;
+    std::vector<std::string> lines;
+    int declaration_lines;
+    std::vector<Expected> procedures;
+  } cases[] = {
+      {"comments above a procedure belong to it",
+       {"Option Explicit",                                  // 1
+        "Private mValue As Long",                           // 2
+        "' after the declarations",                         // 3
+        "",                                                 // 4
+        "' Says hello.",                                    // 5
+        "Public Sub Hello()",                               // 6
+        "    MsgBox \"It's me\"",                           // 7
+        "End Sub",                                          // 8
+        "",                                                 // 9
+        "Private Function Twice(ByVal n As Long) As Long",  // 10
+        "    Twice = 2 * n",                                // 11
+        "End Function",                                     // 12
+        "",                                                 // 13
+        ""},                                                // 14
+       2,
+       {{"Hello", ProcKind::kProc, 3, 6, 6}, {"Twice", ProcKind::kProc, 9, 10, 6}}},
+      {"Property Get and Let of one name are told apart by kind",
+       {"Private mName As String",                          // 1
+        "Public Property Get Name() As String",             // 2
+        "    Name = mName",                                 // 3
+        "End Property",                                     // 4
+        "Public Property Let Name(ByVal Value As String)",  // 5
+        "    mName = Value",                                // 6
+        "End Property",                                     // 7
+        "Public Property Set Font(ByVal Value As Object)",  // 8
+        "End Property",                                     // 9
+        "Friend Static Function Counter() As Long",         // 10
+        "End Function"},                                    // 11
+       1,
+       {{"Name", ProcKind::kGet, 2, 2, 3},
+        {"Name", ProcKind::kLet, 5, 5, 3},
+        {"Font", ProcKind::kSet, 8, 8, 2},
+        {"Counter", ProcKind::kProc, 10, 10, 2}}},
+      {"continued declarations count to their last line",
+       {"Private Declare Function GetTickCount _",     // 1
+        "    Lib \"kernel32\" () As Long",             // 2
+        "",                                            // 3
+        "Public Function Join3(ByVal a As String, _",  // 4
+        "    ByVal b As String) As String",            // 5
+        "End Function",                                // 6
+        "Public _",                                    // 7
+        "  Sub Split()",                               // 8
+        "End Sub"},                                    // 9
+       2,
+       {{"Join3", ProcKind::kProc, 3, 4, 4}, {"Split", ProcKind::kProc, 7, 7, 3}}},
+      {"declared procedures and lookalikes are not procedures",
+       {"Private Declare Sub Sleep Lib \"kernel32\" (ByVal ms As Long)",  // 1
+        "Public Event Changed()",                                         // 2
+        "Dim Sub_Total As Long",                                          // 3
+        "' Sub NotCode()",                                                // 4
+        "Sub Real()",                                                     // 5
+        "    Sub_Total = 1: End Sub",                                     // 6 (no End line)
+        "10  End Sub ' numbered"},                                        // 7
+       3,
+       {{"Real", ProcKind::kProc, 4, 5, 4}}},
+      {"an unterminated procedure runs to the end",
+       {"Option Explicit", "Sub A()", "  x = 1", "", "' tail"}, 1,
+       {{"A", ProcKind::kProc, 2, 2, 4}}},
+      {"a procedure without End stops at the next declaration",
+       {"Sub A()", "  x = 1", "Sub B()", "End Sub"}, 0,
+       {{"A", ProcKind::kProc, 1, 1, 2}, {"B", ProcKind::kProc, 3, 3, 2}}},
+      {"labels and line numbers before End",
+       {"Sub A()", "Done: End Sub", "Function B()", "20 End Function"}, 0,
+       {{"A", ProcKind::kProc, 1, 1, 2}, {"B", ProcKind::kProc, 3, 3, 2}}},
+      {"no procedures: all declarations",
+       {"Option Explicit", "Dim a", "' trailing comment", ""}, 2, {}},
+      {"an empty module", {}, 0, {}},
+      {"just a comment", {"' just a comment"}, 0, {}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.label);
+    auto module = Module(c.lines);
+    EXPECT_EQ(module->CountOfDeclarationLines(), c.declaration_lines);
+    ExpectProcedures(*module, c.procedures);
+    const int first = c.procedures.empty() ? module->CountOfLines() + 1 : c.procedures[0].start;
+    for (int line = 1; line < first; ++line) EXPECT_EQ(module->ProcOfLine(line).name, "") << line;
+  }
 }
 
 TEST_F(MemoryProceduresTest, UnknownNameOrKindRaisesError35) {
-  auto module = Module({"Sub A()", "End Sub"});
+  auto module = Module({"Private Declare Sub Sleep Lib \"kernel32\" ()", "' Sub NotCode()",
+                        "Sub A()", "End Sub"});
   for (auto lookup : {+[](ICodeModule& m) { m.ProcStartLine("B", ProcKind::kProc); },
                       +[](ICodeModule& m) { m.ProcBodyLine("A", ProcKind::kGet); },
-                      +[](ICodeModule& m) { m.ProcCountLines("A", ProcKind::kLet); }}) {
+                      +[](ICodeModule& m) { m.ProcCountLines("A", ProcKind::kLet); },
+                      +[](ICodeModule& m) { m.ProcStartLine("NotCode", ProcKind::kProc); },
+                      +[](ICodeModule& m) { m.ProcStartLine("Sleep", ProcKind::kProc); }}) {
     try {
       lookup(*module);
       ADD_FAILURE() << "no error";
@@ -136,30 +150,7 @@ TEST_F(MemoryProceduresTest, UnknownNameOrKindRaisesError35) {
       EXPECT_EQ(error.number(), 35);
     }
   }
-  EXPECT_EQ(module->ProcStartLine("a", ProcKind::kProc), 1);  // names ignore case
-}
-
-TEST_F(MemoryProceduresTest, UnterminatedProcedureRunsToTheEnd) {
-  auto module = Module({"Option Explicit", "Sub A()", "  x = 1", "", "' tail"});
-  ExpectProcedures(*module, {{"A", ProcKind::kProc, 2, 2, 4}});
-}
-
-TEST_F(MemoryProceduresTest, ProcedureWithoutEndStopsAtTheNextDeclaration) {
-  auto module = Module({"Sub A()", "  x = 1", "Sub B()", "End Sub"});
-  ExpectProcedures(*module, {{"A", ProcKind::kProc, 1, 1, 2}, {"B", ProcKind::kProc, 3, 3, 2}});
-}
-
-TEST_F(MemoryProceduresTest, ModuleWithoutProceduresIsAllDeclarations) {
-  auto module = Module({"Option Explicit", "Dim a", "' trailing comment", ""});
-  EXPECT_EQ(module->CountOfDeclarationLines(), 2);
-  EXPECT_EQ(module->ProcOfLine(4).name, "");
-  EXPECT_EQ(Module({})->CountOfDeclarationLines(), 0);
-  EXPECT_EQ(Module({"' just a comment"})->CountOfDeclarationLines(), 0);
-}
-
-TEST_F(MemoryProceduresTest, LabelsAndLineNumbersBeforeStatements) {
-  auto module = Module({"Sub A()", "Done: End Sub", "Function B()", "20 End Function"});
-  ExpectProcedures(*module, {{"A", ProcKind::kProc, 1, 1, 2}, {"B", ProcKind::kProc, 3, 3, 2}});
+  EXPECT_EQ(module->ProcBodyLine("a", ProcKind::kProc), 3);  // names ignore case
 }
 
 TEST_F(MemoryProceduresTest, EditsAreSeenByTheNextQuery) {

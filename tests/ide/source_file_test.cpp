@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -102,12 +103,6 @@ TEST(SourceFileTest, AttributeLinesInsideCodeAreHiddenAfterTheirLine) {
   EXPECT_EQ(file.code()[0].hidden[0].text, "Attribute Value.VB_UserMemId = 0");
 }
 
-TEST(SourceFileTest, DeletingALineDropsItsHiddenAttributes) {
-  SourceFile file = ParseOk("Property Get V()\r\nAttribute V.VB_UserMemId = 0\r\nEnd Property\r\n");
-  file.EraseCode(0, 2);
-  EXPECT_EQ(file.Serialize(), "");
-}
-
 TEST(SourceFileTest, NestedDesignerBlocksAndBeginPropertyAreHeader) {
   const SourceFile file = ParseOk(
       "VERSION 5.00\r\nBegin VB.Form F\r\n   Begin VB.Frame A\r\n      BeginProperty Font\r\n"
@@ -132,35 +127,34 @@ TEST(SourceFileTest, UnclosedDesignerBlockIsRefusedNamingFileAndLine) {
   EXPECT_NE(file.error().find("Begin VB.Form F"), std::string::npos) << file.error();
 }
 
-TEST(SourceFileTest, NewLinesTakeTheDominantLineBreak) {
-  SourceFile file = ParseOk("a\nb\nc\r\n");
-  EXPECT_EQ(file.line_break(), "\n");
-  file.InsertCode(1, {"x"});
-  EXPECT_EQ(file.Serialize(), "a\nx\nb\nc\r\n");
-}
-
-TEST(SourceFileTest, AppendingAfterAnUnterminatedLastLineKeepsNoFinalNewline) {
-  SourceFile file = ParseOk("a\r\nb");
-  file.InsertCode(2, {"c", "d"});
-  EXPECT_EQ(file.Serialize(), "a\r\nb\r\nc\r\nd");
-}
-
-TEST(SourceFileTest, AppendingAfterAnUnterminatedHeaderLine) {
-  SourceFile file = ParseOk("Attribute VB_Name = \"M\"");
-  file.InsertCode(0, {"Option Explicit"});
-  EXPECT_EQ(file.Serialize(), "Attribute VB_Name = \"M\"\r\nOption Explicit");
-}
-
-TEST(SourceFileTest, DeletingAnUnterminatedLastLineLeavesTheNewLastUnterminated) {
-  SourceFile file = ParseOk("a\r\nb\r\nc");
-  file.EraseCode(1, 2);
-  EXPECT_EQ(file.Serialize(), "a");
-}
-
-TEST(SourceFileTest, EditedTextIsWrittenInTheFileEncoding) {
-  SourceFile file = ParseOk("' Caf\xE9\r\n");
-  file.ReplaceCodeText(0, "' cr\xC3\xA8me \xE2\x82\xAC");
-  EXPECT_EQ(file.Serialize(), "' cr\xE8me \x80\r\n");
+TEST(SourceFileTest, EditsKeepTheFilesLineBreaksAndEncoding) {
+  const struct {
+    const char* label;
+    std::string bytes;
+    std::function<void(SourceFile&)> edit;
+    std::string expected;
+  } cases[] = {
+      {"new lines take the dominant break", "a\nb\nc\r\n",
+       [](SourceFile& f) { f.InsertCode(1, {"x"}); }, "a\nx\nb\nc\r\n"},
+      {"appending after an unterminated last line", "a\r\nb",
+       [](SourceFile& f) { f.InsertCode(2, {"c", "d"}); }, "a\r\nb\r\nc\r\nd"},
+      {"appending after an unterminated header line", "Attribute VB_Name = \"M\"",
+       [](SourceFile& f) { f.InsertCode(0, {"Option Explicit"}); },
+       "Attribute VB_Name = \"M\"\r\nOption Explicit"},
+      {"deleting an unterminated last line", "a\r\nb\r\nc",
+       [](SourceFile& f) { f.EraseCode(1, 2); }, "a"},
+      {"deleting a line drops its hidden attributes",
+       "Property Get V()\r\nAttribute V.VB_UserMemId = 0\r\nEnd Property\r\n",
+       [](SourceFile& f) { f.EraseCode(0, 2); }, ""},
+      {"edited text in the file's encoding", "' Caf\xE9\r\n",
+       [](SourceFile& f) { f.ReplaceCodeText(0, "' cr\xC3\xA8me \xE2\x82\xAC"); },
+       "' cr\xE8me \x80\r\n"},
+  };
+  for (const auto& c : cases) {
+    SourceFile file = ParseOk(c.bytes);
+    c.edit(file);
+    EXPECT_EQ(file.Serialize(), c.expected) << c.label;
+  }
 }
 
 TEST(SourceFileTest, CreatedFileUsesCrLfAndNoCodeForEmptyText) {

@@ -55,14 +55,11 @@ TEST(TerminalUiTest, AnOkBoxIsShownWithoutTakingAnAnswer) {
   EXPECT_EQ(terminal.ui.UnusedAnswers(), 1u);
 }
 
-TEST(TerminalUiTest, WithoutAnswerOrTerminalAQuestionIsAnError) {
-  Terminal terminal({});
-  EXPECT_THROW(terminal.ui.InputBox("Number of 'ElseIf'", "If", ""), UnansweredQuestion);
-  EXPECT_THROW(terminal.ui.MessageBox("?", Buttons::kYesNo, Icon::kQuestion, "T"),
+TEST(TerminalUiTest, AMissingOrUnfittingAnswerIsAnError) {
+  Terminal none({});
+  EXPECT_THROW(none.ui.InputBox("Number of 'ElseIf'", "If", ""), UnansweredQuestion);
+  EXPECT_THROW(none.ui.MessageBox("?", Buttons::kYesNo, Icon::kQuestion, "T"),
                UnansweredQuestion);
-}
-
-TEST(TerminalUiTest, AnAnswerThatDoesNotFitIsAnError) {
   Terminal yes_for_input({{Kind::kYes, ""}});
   EXPECT_THROW(yes_for_input.ui.InputBox("Name", "T", ""), UnansweredQuestion);
   Terminal text_for_question({{Kind::kText, "maybe"}});
@@ -77,16 +74,12 @@ TEST(TerminalUiTest, AsksAtTheTerminalWhenThereIsOne) {
   EXPECT_NE(terminal.out.str().find("Number of 'ElseIf'"), std::string::npos);
 }
 
-TEST(TerminalUiTest, EndOfInputAtTheTerminalCancels) {
-  Terminal terminal({}, /*interactive=*/true, "");
+TEST(TerminalUiTest, AnEmptyLineTakesTheDefaultAndEndOfInputCancels) {
+  Terminal terminal({}, /*interactive=*/true, "\n");
+  EXPECT_EQ(terminal.ui.InputBox("Caption", "T", "&Open"), "&Open");
   EXPECT_EQ(terminal.ui.InputBox("Name", "T", ""), std::nullopt);
   EXPECT_EQ(terminal.ui.MessageBox("?", Buttons::kYesNoCancel, Icon::kQuestion, "T"),
             Answer::kCancel);
-}
-
-TEST(TerminalUiTest, AnEmptyLineTakesTheDefaultText) {
-  Terminal terminal({}, /*interactive=*/true, "\n");
-  EXPECT_EQ(terminal.ui.InputBox("Caption", "T", "&Open"), "&Open");
 }
 
 }  // namespace

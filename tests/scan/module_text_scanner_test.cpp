@@ -10,8 +10,6 @@
 namespace tavrin::scan {
 namespace {
 
-using K = DeclKind;
-using S = DeclScope;
 
 // "kind scope name type [parent] @line" for compact comparison.
 std::string Describe(const Declaration& d) {
@@ -103,13 +101,19 @@ TEST(ModuleTextScannerTest, ReadsTheDeclarationArea) {
 TEST(ModuleTextScannerTest, ReadsEachProcedureWithItsLocals) {
   const ModuleScan scan = ScanModuleText(kModule);
   ASSERT_EQ(scan.procedures.size(), 4u);
-  const ScannedProc& total = scan.procedures[0];
-  EXPECT_EQ(total.name, "Total");
-  EXPECT_EQ(total.scope, S::kModule);
-  EXPECT_EQ(total.return_type, "Currency");
-  EXPECT_EQ(std::vector<int>({total.line, total.body_line, total.last_declaration_line,
-                              total.end_line}),
-            std::vector<int>({22, 24, 25, 31}));
+  // "name kind scope returns: line body last-declaration end"
+  std::vector<std::string> procedures;
+  for (const ScannedProc& p : scan.procedures) {
+    procedures.push_back(p.name + " " + std::to_string(static_cast<int>(p.kind)) + " " +
+                         std::to_string(static_cast<int>(p.scope)) + " " + p.return_type + ": " +
+                         std::to_string(p.line) + " " + std::to_string(p.body_line) + " " +
+                         std::to_string(p.last_declaration_line) + " " +
+                         std::to_string(p.end_line));
+  }
+  EXPECT_EQ(procedures, (std::vector<std::string>{"Total 0 1 Currency: 22 24 25 31",
+                                                  "Main 0 2 : 32 33 32 33",
+                                                  "Name 3 2 String: 34 35 34 35",
+                                                  "Tick 0 2 : 36 37 37 38"}));
   const std::vector<std::string> locals = {
       "arg local a Long @22",
       "arg local b Integer = 2 @22",
@@ -122,30 +126,7 @@ TEST(ModuleTextScannerTest, ReadsEachProcedureWithItsLocals) {
       "label local Retry  @28",
       "label local HandleError  @30",
   };
-  EXPECT_EQ(Describe(total.locals), locals);
-
-  const struct {
-    std::string name;
-    ide::ProcKind kind;
-    S scope;
-    std::string returns;
-    int line, end_line, last_declaration;
-  } rows[] = {
-      {"Main", ide::ProcKind::kProc, S::kGlobal, "", 32, 33, 32},
-      {"Name", ide::ProcKind::kGet, S::kGlobal, "String", 34, 35, 34},
-      {"Tick", ide::ProcKind::kProc, S::kGlobal, "", 36, 38, 37},
-  };
-  for (std::size_t i = 0; i < std::size(rows); ++i) {
-    const ScannedProc& proc = scan.procedures[i + 1];
-    SCOPED_TRACE(proc.name);
-    EXPECT_EQ(proc.name, rows[i].name);
-    EXPECT_EQ(proc.kind, rows[i].kind);
-    EXPECT_EQ(proc.scope, rows[i].scope);
-    EXPECT_EQ(proc.return_type, rows[i].returns);
-    EXPECT_EQ(proc.line, rows[i].line);
-    EXPECT_EQ(proc.end_line, rows[i].end_line);
-    EXPECT_EQ(proc.last_declaration_line, rows[i].last_declaration);
-  }
+  EXPECT_EQ(Describe(scan.procedures[0].locals), locals);
 }
 
 TEST(ModuleTextScannerTest, FindsTheProcedureAndTheNamesInScopeAtALine) {

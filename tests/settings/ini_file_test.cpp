@@ -101,23 +101,18 @@ TEST_F(IniFileTest, NameInAMissingFolderReadsEmpty) {
   EXPECT_EQ(file->Count(), 0);
 }
 
-TEST_F(IniFileTest, ManySectionNamesDoubleTheBuffer) {
-  std::string text;
-  for (int i = 0; i < 700; ++i) text += "[Section number " + std::to_string(i) + "]\r\nk=" +
-                                        std::to_string(i) + "\r\n";
+// Many section names and a long section both outgrow the first buffer.
+TEST_F(IniFileTest, LargeFilesDoubleTheBuffer) {
+  const std::string long_value(1 << 20, 'x');
+  std::string text = "[A]\r\nk=" + long_value + "\r\nlast=1\r\n";
+  for (int i = 0; i < 700; ++i)
+    text += "[Section number " + std::to_string(i) + "]\r\nk=" + std::to_string(i) + "\r\n";
   Write("big.ini", text);
   const auto file = Open("big.ini");
-  ASSERT_EQ(file->Count(), 700);
+  ASSERT_EQ(file->Count(), 701);
   EXPECT_EQ(file->Value("Section number 699", "k"), "699");
-}
-
-TEST_F(IniFileTest, LongSectionsDoubleTheBuffer) {
-  const std::string long_value(1 << 20, 'x');
-  Write("long.ini", "[A]\r\nk=" + long_value + "\r\nlast=1\r\n[B]\r\nb=2\r\n");
-  const auto file = Open("long.ini");
   EXPECT_EQ(file->Value("A", "k"), long_value);
   EXPECT_EQ(file->Value("A", "last"), "1");
-  EXPECT_EQ(file->Value("B", "b"), "2");
 }
 
 TEST_F(IniFileTest, ValueLetCreatesAndSaveWritesSections) {

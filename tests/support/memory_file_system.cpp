@@ -33,6 +33,12 @@ void MemoryFileSystem::AddFileFromSourceTree(std::string_view relative, std::str
   AddFile(path, ReadSourceTreeFile(relative));
 }
 
+void MemoryFileSystem::AddSampleProject(std::string_view folder) {
+  for (const char* name :
+       {"Inventory.vbp", "basMain.bas", "clsStockItem.cls", "frmMain.frm", "frmAbout.frm"})
+    AddFileFromSourceTree(std::string("sample/") + name, std::string(folder) + "/" + name);
+}
+
 Result<std::string> MemoryFileSystem::ReadFile(std::string_view path) {
   const auto it = files_.find(Normal(path));
   if (it == files_.end()) return Error{std::string(path) + ": file not found"};

@@ -16,6 +16,8 @@ class MemoryFileSystem : public platform::FileSystem {
   void AddFile(std::string_view path, std::string_view bytes);
   // Copies a file of the source tree (e.g. "sample/basMain.bas") under `path`.
   void AddFileFromSourceTree(std::string_view relative, std::string_view path);
+  // The sample project (Inventory.vbp and its four members) into `folder`.
+  void AddSampleProject(std::string_view folder);
   const std::map<std::string, std::string, std::less<>>& files() const { return files_; }
   const std::vector<std::string>& written() const { return written_; }
 

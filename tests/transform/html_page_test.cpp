@@ -2,20 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/fake_shell.h"
 #include "tests/support/memory_file_system.h"
 
 namespace tavrin::transform {
 namespace {
-
-class RecordingShell : public platform::Shell {
- public:
-  std::string TempFolder() override { return "/tmp/x"; }
-  Status OpenDocument(std::string_view path) override {
-    opened.emplace_back(path);
-    return {};
-  }
-  std::vector<std::string> opened;
-};
 
 class SilentBrowser : public platform::Browser {
  public:
@@ -43,14 +34,14 @@ TEST(HtmlPageTest, ThePageIsWrittenInTheCharsetItDeclares) {
 
 TEST(HtmlPageTest, ShowWritesTheDefaultPageToTheTemporaryFolderAndOpensIt) {
   testing::MemoryFileSystem files;
-  RecordingShell shell;
+  testing::FakeShell shell;
   SilentBrowser browser;
   HtmlPageServices services{files, shell, browser, "/addin"};
   const auto shown = ShowHtmlPage(services, "x&nbsp;=&nbsp;1", "basMain", "");
   ASSERT_TRUE(shown) << shown.error();
-  EXPECT_EQ(*shown, "/tmp/x/vb2html.htm");
-  EXPECT_EQ(shell.opened, std::vector<std::string>{"/tmp/x/vb2html.htm"});
-  EXPECT_EQ(files.files().at("/tmp/x/vb2html.htm"),
+  EXPECT_EQ(*shown, "/tmp/vb2html.htm");
+  EXPECT_EQ(shell.opened, std::vector<std::string>{"/tmp/vb2html.htm"});
+  EXPECT_EQ(files.files().at("/tmp/vb2html.htm"),
             "<html><head><META HTTP-EQUIV='Content-Type' CONTENT='text/html; "
             "charset=windows-1252'><style>body {font-family:'Courier New';font-size:'10pt';}"
             "</style><title>basMain</title></head><body>x&nbsp;=&nbsp;1</body></html>");
@@ -58,15 +49,15 @@ TEST(HtmlPageTest, ShowWritesTheDefaultPageToTheTemporaryFolderAndOpensIt) {
 
 TEST(HtmlPageTest, TheUsersTemplateWinsUnlessItIsEmpty) {
   testing::MemoryFileSystem files;
-  RecordingShell shell;
+  testing::FakeShell shell;
   platform::PortableBrowser browser;
   HtmlPageServices services{files, shell, browser, "/addin/"};
   files.AddFile("/addin/vb2htmltemplate.htm", "<h1>[title] \xE9</h1>[code]");
   ASSERT_TRUE(ShowHtmlPage(services, "code", "basMain", "Main"));
-  EXPECT_EQ(files.files().at("/tmp/x/vb2html.htm"), "<h1>Main \xE9</h1>code");
+  EXPECT_EQ(files.files().at("/tmp/vb2html.htm"), "<h1>Main \xE9</h1>code");
   files.AddFile("/addin/vb2htmltemplate.htm", "");
   ASSERT_TRUE(ShowHtmlPage(services, "code", "basMain", "Main"));
-  EXPECT_EQ(files.files().at("/tmp/x/vb2html.htm").substr(0, 6), "<html>");
+  EXPECT_EQ(files.files().at("/tmp/vb2html.htm").substr(0, 6), "<html>");
 }
 
 }  // namespace
