@@ -1,8 +1,8 @@
 // CommandBar.ShowPopup as the IDE shows a context bar: a real popup menu of
-// the bar's controls (captions, enabled state, a separator before each that
-// begins a group, submenus for popup controls), tracked at the pointer; the
-// chosen entry is executed before ShowPopup returns. Off by default, so tests
-// that only count showings never wait for a menu.
+// the bar's controls (captions, pictures, enabled state, a separator before
+// each that begins a group, submenus for popup controls), tracked at the
+// pointer; the chosen entry is executed before ShowPopup returns. Off by
+// default, so tests that only count showings never wait for a menu.
 #pragma once
 
 #include <optional>
