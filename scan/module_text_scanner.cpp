@@ -275,7 +275,11 @@ void Scanner::BlockMember(std::string_view text) {
 
 void Scanner::Statement(std::string_view text) {
   if (text.empty()) return;
-  if (in_block_) return BlockMember(text);
+  // A procedure that opens inside an Enum or Type without its End line
+  // ends the block (which stays without an end line), as the IDE still
+  // lists the procedure.
+  if (in_block_ && !(line_start_ && StartsProcedure(text))) return BlockMember(text);
+  in_block_ = false;
   if (proc_ && TakeWord(text, "End")) {
     if (TakeWord(text, "Sub") || TakeWord(text, "Function") || TakeWord(text, "Property")) {
       proc_->end_line = last_line_;

@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <set>
+#include <utility>
 
 #include "base/text.h"
 #include "ide/memory/component_kind.h"
-#include "scan/module_scanner.h"
 #include "scan/project_scanner.h"
 
 namespace tavrin::toolwindows {
@@ -54,9 +55,9 @@ std::optional<NodeKind> DeclarationKind(scan::DeclKind kind) {
 // constants, variables and Declare statements, in line order. A module
 // whose declarations do not balance (an Enum without End Enum) still shows
 // what was read.
-void AddDeclarations(ide::ICodeModule& module, std::vector<Node>& members) {
+void AddDeclarations(const scan::ModuleScan& scan, std::vector<Node>& members) {
   bool unclosed = false;  // the last enum or type has no End line
-  for (const scan::Declaration& declaration : scan::ScanCodeModule(module).declarations) {
+  for (const scan::Declaration& declaration : scan.declarations) {
     const auto kind = DeclarationKind(declaration.kind);
     if (!kind) continue;
     Node node;
@@ -78,29 +79,37 @@ void AddDeclarations(ide::ICodeModule& module, std::vector<Node>& members) {
   }
 }
 
-std::vector<Node> Members(ide::IVbe& vbe, ide::IComponent& component) {
+// The module's text is read in one call and scanned here: asking the IDE
+// for each procedure's lines costs a dozen calls a procedure, which through
+// COM made a large project's tree take seconds.
+std::vector<Node> Members(ide::IComponent& component) {
   std::vector<Node> members;
-  if (const auto module = component.CodeModule()) AddDeclarations(*module, members);
-  for (const scan::ScannedProcedure& scanned : scan::ScanModule(&vbe, component)) {
-    const scan::C4_ProcDef& def = scanned.def;
+  const auto module = component.CodeModule();
+  if (!module) return members;
+  const scan::ModuleScan scan = scan::ScanCodeModule(*module);
+  AddDeclarations(scan, members);
+  // One node per name and kind, as the IDE knows one procedure by them.
+  std::set<std::pair<std::string, ide::ProcKind>> listed;
+  for (const scan::ScannedProc& proc : scan.procedures) {
+    if (!listed.emplace(ToUpperAscii(proc.name), proc.kind).second) continue;
     Node node;
-    node.caption = def.Name();
-    node.proc_kind = ide::ProcKind(def.ProcKind());
-    node.is_public = def.ProcIsPublic();
-    node.line = def.ProcBodyLine();
+    node.caption = proc.name;
+    node.proc_kind = proc.kind;
+    node.is_public = proc.scope == scan::DeclScope::kGlobal;
+    node.line = proc.line;
     if (node.proc_kind == ide::ProcKind::kProc) {
-      node.kind = def.ProcIsFunction() ? NodeKind::kFunction : NodeKind::kProcedure;
+      node.kind = proc.is_function ? NodeKind::kFunction : NodeKind::kProcedure;
       members.push_back(std::move(node));
       continue;
     }
     // Accessors of one property sit under one node, placed at the first.
     auto property = std::find_if(members.begin(), members.end(), [&](const Node& member) {
-      return member.kind == NodeKind::kProperty && EqualsIgnoreCase(member.caption, def.Name());
+      return member.kind == NodeKind::kProperty && EqualsIgnoreCase(member.caption, proc.name);
     });
     if (property == members.end()) {
       Node group;
       group.kind = NodeKind::kProperty;
-      group.caption = def.Name();
+      group.caption = proc.name;
       group.is_public = node.is_public;
       group.line = node.line;
       members.push_back(std::move(group));
@@ -147,7 +156,7 @@ CodeExplorer::Component CodeExplorer::Read(ide::IComponent& component) {
   try {
     entry.name = component.Name();
     entry.type = component.Type();
-    if (HasCode(entry.type)) entry.members = Members(vbe_, component);
+    if (HasCode(entry.type)) entry.members = Members(component);
   } catch (const ide::Error&) {
   }
   return entry;

@@ -7,6 +7,7 @@
 #include "ide/events.h"
 #include "tests/win/host/host_events.h"
 #include "tests/win/host/host_ide.h"
+#include "tests/win/host/host_popup_menu.h"
 #include "win/bitmap_picture.h"
 
 namespace tavrin::test_host {
@@ -181,6 +182,7 @@ ComPtr<IDispatch> MakeBar(std::shared_ptr<ICommandBar> bar, std::shared_ptr<Memo
           Method(L"ShowPopup", 0, 2,
                  [b](HostCall& call) {
                    b->ShowPopup(OptionalInt(call, 0), OptionalInt(call, 1));
+                   if (ShowingPopupMenus()) ShowPopupMenu(*b, OptionalInt(call, 0), OptionalInt(call, 1));
                    return Done();
                  }),
       },

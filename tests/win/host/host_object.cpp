@@ -9,6 +9,7 @@ namespace tavrin::test_host {
 namespace {
 
 std::atomic<long> g_live{0};
+std::map<std::wstring, long>* g_calls = nullptr;
 
 // Far from the ids of either IDE.
 constexpr DISPID kFirstId = 0x4000;
@@ -75,6 +76,7 @@ class HostObject final : public IDispatch {
     const auto index = static_cast<std::size_t>(id - kFirstId);
     if (id < kFirstId || index >= members_.size()) return DISP_E_MEMBERNOTFOUND;
     const HostMember& member = members_[index];
+    if (g_calls) ++(*g_calls)[member.name];
     try {
       const bool is_put = !member.is_method && (flags & DISPATCH_PROPERTYPUT) &&
                           !(flags & DISPATCH_PROPERTYGET);
@@ -251,5 +253,6 @@ std::shared_ptr<void> HostIdentity(IDispatch* object) {
 
 long LiveHostObjects() { return g_live.load(); }
 void CountHostObject(long change) { g_live += change; }
+void CountHostCalls(std::map<std::wstring, long>* calls) { g_calls = calls; }
 
 }  // namespace tavrin::test_host

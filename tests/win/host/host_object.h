@@ -11,6 +11,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -89,5 +90,9 @@ std::shared_ptr<void> HostIdentity(IDispatch* object);
 long LiveHostObjects();
 // For the host's other COM objects, which count as host objects too.
 void CountHostObject(long change);
+
+// While `calls` is set, every Invoke adds one to its member's count there
+// (profiling the IDE calls of a benchmark); null stops counting.
+void CountHostCalls(std::map<std::wstring, long>* calls);
 
 }  // namespace tavrin::test_host

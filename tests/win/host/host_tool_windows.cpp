@@ -9,6 +9,32 @@ namespace {
 
 constexpr wchar_t kFrameClass[] = L"TavrinTestToolFrame";
 
+ToolContainer g_container = ToolContainer::kHost;
+
+// Creates `prog_id` in `frame` through ATL's control host, which sites and
+// activates it; the host's container object is returned. atl.dll is loaded
+// at run time: not every toolchain has its import library.
+ComPtr<IUnknown> AtlCreateControl(const std::wstring& prog_id, HWND frame) {
+  using Create = HRESULT(WINAPI*)(LPCOLESTR, HWND, IStream*, IUnknown**);
+  static const HMODULE atl = ::LoadLibraryW(L"atl.dll");
+  const auto create = atl ? reinterpret_cast<Create>(reinterpret_cast<void*>(
+                                ::GetProcAddress(atl, "AtlAxCreateControl")))
+                          : nullptr;
+  ComPtr<IUnknown> container;
+  if (!create || FAILED(create(prog_id.c_str(), frame, nullptr, container.put())))
+    throw ide::Error(429, "ActiveX component can't create object");
+  return container;
+}
+
+ComPtr<IOleObject> AtlControl(HWND frame) {
+  using Get = HRESULT(WINAPI*)(HWND, IUnknown**);
+  const auto get = reinterpret_cast<Get>(
+      reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleW(L"atl.dll"), "AtlAxGetControl")));
+  ComPtr<IUnknown> control;
+  if (!get || FAILED(get(frame, control.put()))) return nullptr;
+  return control.As<IOleObject>();
+}
+
 std::vector<std::weak_ptr<HostToolFrame>>& Frames() {
   static std::vector<std::weak_ptr<HostToolFrame>> frames;
   return frames;
@@ -138,6 +164,16 @@ ComPtr<IDispatch> MakeToolWindowObject(std::shared_ptr<HostToolFrame> frame) {
 
 HostToolFrame::HostToolFrame(const std::wstring& prog_id, const std::wstring& caption)
     : prog_id_(prog_id) {
+  if (g_container == ToolContainer::kAtl) {
+    RegisterFrameClass();
+    frame_ = ::CreateWindowExW(WS_EX_TOOLWINDOW, kFrameClass, caption.c_str(),
+                               WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 40, 40, 300, 420, nullptr,
+                               nullptr, ::GetModuleHandleW(nullptr), nullptr);
+    atl_container_ = AtlCreateControl(prog_id, frame_);
+    control_ = AtlControl(frame_);
+    if (!control_) throw ide::Error(429, "The control cannot be activated");
+    return;
+  }
   CLSID clsid{};
   if (FAILED(::CLSIDFromProgID(prog_id.c_str(), &clsid)) ||
       FAILED(::CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IOleObject,
@@ -158,6 +194,13 @@ HostToolFrame::HostToolFrame(const std::wstring& prog_id, const std::wstring& ca
 }
 
 HostToolFrame::~HostToolFrame() {
+  if (atl_container_) {
+    // ATL's host lets the control go when its window is destroyed.
+    control_.reset();
+    ::DestroyWindow(frame_);
+    atl_container_.reset();
+    return;
+  }
   ::SetWindowLongPtrW(frame_, GWLP_USERDATA, 0);
   if (control_) {
     control_->Close(OLECLOSE_NOSAVE);
@@ -195,6 +238,8 @@ void HostToolFrame::FrameResized() {
   if (const auto in_place = control_.As<IOleInPlaceObject>())
     in_place->SetObjectRects(&client, &client);
 }
+
+void UseToolContainer(ToolContainer container) { g_container = container; }
 
 std::vector<std::shared_ptr<HostToolFrame>> OpenToolFrames() {
   std::vector<std::shared_ptr<HostToolFrame>> open;

@@ -19,6 +19,12 @@ class HostToolFrame;
 // The member "CreateToolWindow" of the host's Windows collection.
 HostMember CreateToolWindowMember();
 
+// Who sites the controls CreateToolWindow makes: the host's own site (as
+// the IDE does), or Wine's ATL control host (AtlAxCreateControl), a second,
+// independent container.
+enum class ToolContainer { kHost, kAtl };
+void UseToolContainer(ToolContainer container);
+
 // The frames open now, oldest first.
 std::vector<std::shared_ptr<HostToolFrame>> OpenToolFrames();
 
@@ -48,6 +54,7 @@ class HostToolFrame {
   HWND frame_ = nullptr;
   ComPtr<IOleObject> control_;
   ComPtr<IOleClientSite> site_;
+  ComPtr<IUnknown> atl_container_;
 };
 
 }  // namespace tavrin::test_host

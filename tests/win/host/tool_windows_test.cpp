@@ -445,21 +445,5 @@ TEST_F(ToolWindowsTest, AtlContainerHostsTheControl) {
   EXPECT_FALSE(::IsWindow(window));
 }
 
-TEST_F(ToolWindowsTest, TenConnectionsLeaveNoWindowBehind) {
-  const long before = LiveHostObjects();
-  for (int i = 0; i < 10; ++i) {
-    {
-      Session session;
-      EXPECT_EQ(OpenToolFrames().size(), 3u);
-    }
-    EXPECT_TRUE(OpenToolFrames().empty()) << "connection " << i + 1;
-    EXPECT_EQ(LiveHostObjects(), before) << "connection " << i + 1;
-  }
-  // The controls' window class goes with the last window.
-  WNDCLASSEXW window_class{};
-  window_class.cbSize = sizeof window_class;
-  EXPECT_FALSE(::GetClassInfoExW(dll_, L"TavrinToolWindow", &window_class));
-}
-
 }  // namespace
 }  // namespace tavrin::test_host
