@@ -220,9 +220,11 @@ void Connect::SetUp(int connect_mode, const std::shared_ptr<ide::IAddIn>& add_in
     }
   }
   if (create_tab_order) CreateWindowOf(kTabOrderWindow, host_add_in);
-  ide_events_ = ConnectIdeEvents(
-      vbe, EventTargets{&WindowOf(kCodeExplorerWindow), &WindowOf(kTabOrderWindow)},
-      services_.ui);
+  ide_events_ = ConnectIdeEvents(vbe,
+                                 EventTargets{&WindowOf(kCodeExplorerWindow),
+                                              &WindowOf(kTabOrderWindow),
+                                              state_->CommandContext().type_libraries},
+                                 services_.ui);
 }
 
 void Connect::CreateWindowOf(const ToolWindowClass& window_class,

@@ -4,9 +4,11 @@
 #include <vector>
 
 #include "addin/pane_command.h"
+#include "addin/referenced_libraries.h"
 #include "base/text.h"
 #include "ide/ignore_errors.h"
 #include "scan/module_text_scanner.h"
+#include "scan/proc_arguments.h"
 #include "scan/proc_def.h"
 #include "scan/project_scanner.h"
 
@@ -25,8 +27,12 @@ struct Module {
 
 class Finder {
  public:
-  Finder(ide::IVbe& vbe, ide::IComponent& current, int caret_line)
-      : vbe_(vbe), current_name_(current.Name()), caret_line_(caret_line) {
+  Finder(ide::IVbe& vbe, ide::IComponent& current, int caret_line,
+         std::vector<scan::ProjectSymbol> libraries)
+      : vbe_(vbe),
+        current_name_(current.Name()),
+        caret_line_(caret_line),
+        libraries_(std::move(libraries)) {
     ide::IgnoreErrors([&] {
       const auto projects = vbe.VBProjects();
       for (int p = 1; p <= projects->Count(); ++p) {
@@ -47,6 +53,12 @@ class Finder {
   }
 
   Arguments operator()(const transform::CalledName& called) const {
+    if (auto found = InProjects(called)) return found;
+    return InLibraries(called);
+  }
+
+ private:
+  Arguments InProjects(const transform::CalledName& called) const {
     const Module& current = modules_.front();
     const std::string& qualifier = called.qualifier;
     if (qualifier.empty() || EqualsIgnoreCase(qualifier, "Me")) {
@@ -76,7 +88,25 @@ class Finder {
     return classes == 1 ? only : std::nullopt;
   }
 
- private:
+  // A procedure of a library's module, plain or qualified by the module or
+  // the library; the first reference that has it wins, as in the language.
+  Arguments InLibraries(const transform::CalledName& called) const {
+    const std::string& qualifier = called.qualifier;
+    if (EqualsIgnoreCase(qualifier, "Me") || qualifier.starts_with(".")) return std::nullopt;
+    for (const scan::ProjectSymbol& symbol : libraries_) {
+      const scan::Declaration& procedure = symbol.declaration;
+      if (procedure.kind != scan::DeclKind::kProcedure ||
+          !EqualsIgnoreCase(procedure.name, called.name) ||
+          !(qualifier.empty() || EqualsIgnoreCase(qualifier, symbol.module) ||
+            EqualsIgnoreCase(qualifier, symbol.project)))
+        continue;
+      scan::C4_ProcArguments arguments;
+      (void)arguments.init("Sub " + procedure.name + "(" + procedure.arguments + ")");
+      return arguments.Items();
+    }
+    return std::nullopt;
+  }
+
   void Add(const std::string& project, std::shared_ptr<ide::IComponent> component) {
     Module module;
     module.project = project;
@@ -124,18 +154,21 @@ class Finder {
   ide::IVbe& vbe_;
   std::string current_name_;
   int caret_line_;
+  std::vector<scan::ProjectSymbol> libraries_;
   std::vector<Module> modules_;
 };
 
 }  // namespace
 
 transform::ArgumentsLookup CalledProcedures(ide::IVbe& vbe, ide::IComponent& current,
-                                            int caret_line) {
-  auto finder = std::make_shared<const Finder>(vbe, current, caret_line);
+                                            int caret_line,
+                                            std::vector<scan::ProjectSymbol> libraries) {
+  auto finder = std::make_shared<const Finder>(vbe, current, caret_line, std::move(libraries));
   return [finder](const transform::CalledName& called) { return (*finder)(called); };
 }
 
-Result<transform::CallRewrite> RewriteCallAtCaret(ide::IVbe& vbe) {
+Result<transform::CallRewrite> RewriteCallAtCaret(ide::IVbe& vbe,
+                                                  std::vector<scan::ProjectSymbol> libraries) {
   const auto pane = vbe.ActiveCodePane();
   const auto module = pane->CodeModule();
   const ide::TextRange caret = pane->GetSelection();
@@ -143,7 +176,7 @@ Result<transform::CallRewrite> RewriteCallAtCaret(ide::IVbe& vbe) {
   const std::string code = count > 0 ? module->Lines(1, count) : "";
   auto rewrite = transform::ExplicitArguments(
       SplitCrLf(code), caret.start_line, caret.start_column,
-      CalledProcedures(vbe, *module->Parent(), caret.start_line));
+      CalledProcedures(vbe, *module->Parent(), caret.start_line, std::move(libraries)));
   if (!rewrite) return rewrite;
   const auto old_lines = SplitCrLf(code);
   const auto new_lines = SplitCrLf(rewrite->text);
@@ -158,7 +191,7 @@ Result<transform::CallRewrite> RewriteCallAtCaret(ide::IVbe& vbe) {
 
 bool ExplicitArguments(Context& context) {
   return RunPaneCommand(context, /*shows_dialog=*/false, [&] {
-    const auto rewrite = RewriteCallAtCaret(context.vbe);
+    const auto rewrite = RewriteCallAtCaret(context.vbe, ReferencedLibrarySymbols(context));
     if (!rewrite) TellUser(context, rewrite.error());
     return rewrite.ok();
   });

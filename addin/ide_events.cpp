@@ -1,6 +1,7 @@
 #include "addin/ide_events.h"
 
 #include "addin/error_report.h"
+#include "ide/ignore_errors.h"
 
 namespace tavrin::addin {
 namespace {
@@ -76,7 +77,31 @@ class CtlHandler : public ide::IVBControlsEventsSink {
   platform::Ui& ui_;
 };
 
+class RefHandler : public ide::IReferencesEventsSink {
+ public:
+  RefHandler(const EventTargets& targets, platform::Ui& ui) : targets_(targets), ui_(ui) {}
+  void ItemAdded(std::shared_ptr<ide::IReference> reference) override {
+    Guarded(ui_, "RefHandler_ItemAdded", [&] { RefHandler_ItemAdded(targets_, reference); });
+  }
+  void ItemRemoved(std::shared_ptr<ide::IReference> reference) override {
+    Guarded(ui_, "RefHandler_ItemRemoved", [&] { RefHandler_ItemRemoved(targets_, reference); });
+  }
+
+ private:
+  EventTargets targets_;
+  platform::Ui& ui_;
+};
+
 }  // namespace
+
+void RefHandler_ItemAdded(const EventTargets& targets, std::shared_ptr<ide::IReference> reference) {
+  if (targets.type_libraries && reference) targets.type_libraries->Forget(*reference);
+}
+
+void RefHandler_ItemRemoved(const EventTargets& targets,
+                            std::shared_ptr<ide::IReference> reference) {
+  if (targets.type_libraries && reference) targets.type_libraries->Forget(*reference);
+}
 
 ICodeExplorerDocument* EventTargets::ReadyExplorer() const {
   if (!code_explorer) return nullptr;
@@ -156,6 +181,12 @@ std::vector<ide::EventConnection> ConnectIdeEvents(ide::IVbe& vbe, const EventTa
       events->VBComponentsEvents(nullptr)->Advise(std::make_shared<CmpHandler>(targets, ui)));
   connections.push_back(events->VBControlsEvents(nullptr, nullptr)
                             ->Advise(std::make_shared<CtlHandler>(targets, ui)));
+  if (targets.type_libraries) {
+    ide::IgnoreErrors([&] {
+      connections.push_back(
+          events->ReferencesEvents(nullptr)->Advise(std::make_shared<RefHandler>(targets, ui)));
+    });
+  }
   return connections;
 }
 

@@ -1,5 +1,5 @@
-// The IDE's project, component and control events, forwarded to the tool
-// windows that show them: the Code Explorer once it has built its tree, the
+// The IDE's project, component, control and reference events, forwarded to
+// what follows them: the library scanner's cache, and the tool windows: the Code Explorer once it has built its tree, the
 // Tab order window while it is visible. A rename reaches the explorer as a
 // removal under the old name and an addition under the new one.
 #pragma once
@@ -11,6 +11,7 @@
 #include "addin/tool_windows.h"
 #include "ide/events.h"
 #include "platform/ui.h"
+#include "scan/type_library.h"
 
 namespace tavrin::addin {
 
@@ -19,6 +20,9 @@ namespace tavrin::addin {
 struct EventTargets {
   ToolWindow* code_explorer = nullptr;
   ToolWindow* tab_order = nullptr;
+  // The libraries read for the builders: a reference added or removed drops
+  // what was read for it.
+  scan::TypeLibraryScanner* type_libraries = nullptr;
 
   // The explorer's document when its tree is built; nullptr otherwise.
   ICodeExplorerDocument* ReadyExplorer() const;
@@ -45,8 +49,14 @@ void CtlHandler_ItemRenamed(const EventTargets& targets, std::shared_ptr<ide::IC
                             std::string_view old_name, int old_index);
 void CtlHandler_ItemRemoved(const EventTargets& targets, std::shared_ptr<ide::IControl> control);
 
+void RefHandler_ItemAdded(const EventTargets& targets, std::shared_ptr<ide::IReference> reference);
+void RefHandler_ItemRemoved(const EventTargets& targets,
+                            std::shared_ptr<ide::IReference> reference);
+
 // Connects PrjHandler (all projects), CmpHandler (the components of all
-// projects) and CtlHandler (the controls of all designers); each event runs
+// projects), CtlHandler (the controls of all designers) and, when there is
+// a library scanner, RefHandler (the references of all projects; an IDE
+// that does not raise them is left out); each event runs
 // guarded, so an error is reported and the next event still arrives. The
 // connections last as long as the returned objects.
 std::vector<ide::EventConnection> ConnectIdeEvents(ide::IVbe& vbe, const EventTargets& targets,

@@ -86,6 +86,14 @@ std::optional<std::string> NameClash(const DeclarationTarget& target, std::strin
     as_declaration.name = proc.name;
     return Clash(wanted, as_declaration, OnLine(proc.line, target.module_name));
   }
+  // A referenced library's constant or enum member would be hidden by the
+  // new name, quietly changing what code that means the library's value gets.
+  for (const scan::ProjectSymbol& symbol : target.libraries) {
+    const Declaration& declaration = symbol.declaration;
+    if ((declaration.kind == DeclKind::kConstant || declaration.kind == DeclKind::kEnumMember) &&
+        same(declaration.name))
+      return Clash(wanted, declaration, "of the library " + symbol.project);
+  }
   if (scope != DeclScope::kGlobal) return std::nullopt;
   for (const scan::ProjectSymbol& symbol : target.project) {
     const Declaration& declaration = symbol.declaration;

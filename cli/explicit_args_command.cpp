@@ -1,6 +1,8 @@
 // tavrin explicit-args: the call at the caret of a module rewritten with
 // named arguments, as "Explicit Arg&ument..." rewrites it in the IDE. The
-// procedure is found in the module, or in the modules of a project.
+// procedure is found in the module, or in the modules of a project; the
+// project's type libraries are named on standard error as unreadable here.
+#include <iostream>
 #include <memory>
 
 #include "addin/explicit_arguments.h"
@@ -8,6 +10,7 @@
 #include "cli/source_session.h"
 #include "cli/usage_error.h"
 #include "platform/std_file_system.h"
+#include "scan/type_library.h"
 
 namespace tavrin::cli {
 namespace {
@@ -27,7 +30,14 @@ int RunExplicitArgs(const GlobalOptions& globals, const ExplicitArgsArguments& a
     if (!project) throw UsageError(project.error());
     target->Pane()->Show();  // the module's pane stays the active one
   }
-  const auto rewrite = addin::RewriteCallAtCaret(target->Vbe());
+  // The tool reads no type library: the project's libraries are named as
+  // unreadable and their procedures are not found.
+  scan::NoTypeLibraries reader;
+  scan::TypeLibraryScanner libraries(reader);
+  scan::ReferencedSymbols referenced = libraries.Scan(target->Vbe());
+  for (const std::string& problem : referenced.problems) std::cerr << "tavrin: " << problem << "\n";
+  const auto rewrite =
+      addin::RewriteCallAtCaret(target->Vbe(), std::move(referenced.symbols));
   if (!rewrite) throw UsageError(rewrite.error());
   WriteInsertTarget(*target, globals.json);
   return kDone;

@@ -1,9 +1,8 @@
 // Explicit arguments over arbitrary text, every name a procedure of three
 // arguments (the last a ParamArray when the selector says so). Whatever it
 // reads: a rewrite keeps the statement's number of lines, its caret lies
-// in it. (A second rewrite of nested calls, "z(z(2), ...", can still name
-// the other call's arguments, so sameness is checked by the unit tests on
-// whole calls only.)
+// in it, and a second rewrite at its caret changes nothing more (nested
+// and unclosed calls too: "z(z(2), ").
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -38,5 +37,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
               "the statement keeps its number of lines");
   fuzz::Check(once->caret_line >= once->first_line && once->caret_line <= once->last_line,
               "the caret stays in the statement");
+  const auto twice = transform::ExplicitArguments(rewritten, once->caret_line - once->first_line + 1,
+                                                  once->caret_column, any);
+  fuzz::Check(twice && twice->text == once->text, "a second rewrite changes nothing");
   return 0;
 }

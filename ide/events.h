@@ -1,5 +1,5 @@
 // The IDE's events (VBE.Events): clicks on command-bar controls and the
-// project, component and control events. A caller connects a sink to an
+// project, component, control and reference events. A caller connects a sink to an
 // event source and stays connected while it holds the EventConnection.
 #pragma once
 
@@ -101,10 +101,20 @@ class IVBControlsEventsSink {
                            int old_index) {}
 };
 
+// The references of a project as the References dialog (or the object
+// model) adds and removes them.
+class IReferencesEventsSink {
+ public:
+  virtual ~IReferencesEventsSink() = default;
+  virtual void ItemAdded(std::shared_ptr<IReference> reference) {}
+  virtual void ItemRemoved(std::shared_ptr<IReference> reference) {}
+};
+
 using ICommandBarEvents = IEventSource<ICommandBarEventsSink>;
 using IVBProjectsEvents = IEventSource<IVBProjectsEventsSink>;
 using IVBComponentsEvents = IEventSource<IVBComponentsEventsSink>;
 using IVBControlsEvents = IEventSource<IVBControlsEventsSink>;
+using IReferencesEvents = IEventSource<IReferencesEventsSink>;
 
 // VBE.Events.
 class IEvents {
@@ -120,6 +130,9 @@ class IEvents {
   // project and designer nullptr: the controls of every designer.
   virtual std::shared_ptr<IVBControlsEvents> VBControlsEvents(
       std::shared_ptr<IProject> project, std::shared_ptr<IDesigner> designer) = 0;
+  // project nullptr: the references of every project.
+  virtual std::shared_ptr<IReferencesEvents> ReferencesEvents(
+      std::shared_ptr<IProject> project) = 0;
 };
 
 }  // namespace tavrin::ide

@@ -39,6 +39,10 @@ struct Declaration {
   std::string value;   // a constant's or enum member's value as written
   std::string parent;  // the enum or type of a member
   std::string bounds;  // an array's bounds as written ("" for "()")
+  // A library procedure's arguments as a declaration writes them
+  // ("ByVal Number As Long, Optional Base"); the code's procedures are
+  // read from their declaration line instead.
+  std::string arguments;
   bool is_array = false;
   bool is_new = false;       // As New
   bool with_events = false;  // WithEvents

@@ -1,6 +1,7 @@
 #include "scan/type_library.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "base/text.h"
 #include "ide/ignore_errors.h"
@@ -33,6 +34,18 @@ Result<TypeLibrary> NoTypeLibraries::Read(const LibraryReference& reference) {
                "through Windows. Its classes and enums are not offered."};
 }
 
+LibraryReference LibraryReferenceOf(ide::IReference& reference) {
+  LibraryReference library;
+  library.name = reference.Name();
+  library.guid = reference.Guid();
+  library.major = reference.Major();
+  library.minor = reference.Minor();
+  // A broken reference has no description or path to give.
+  ide::IgnoreErrors([&] { library.description = reference.Description(); });
+  ide::IgnoreErrors([&] { library.path = reference.FullPath(); });
+  return library;
+}
+
 std::vector<LibraryReference> LibraryReferencesOf(ide::IProject& project) {
   std::vector<LibraryReference> references;
   ide::IgnoreErrors([&] {
@@ -42,19 +55,20 @@ std::vector<LibraryReference> LibraryReferencesOf(ide::IProject& project) {
       ide::IgnoreErrors([&] {
         const auto reference = list->Item(i);
         if (reference->Type() != ide::ReferenceKind::kTypeLib) return;
-        LibraryReference library;
-        library.name = reference->Name();
-        library.guid = reference->Guid();
-        library.major = reference->Major();
-        library.minor = reference->Minor();
-        // A broken reference has no description or path to give.
-        ide::IgnoreErrors([&] { library.description = reference->Description(); });
-        ide::IgnoreErrors([&] { library.path = reference->FullPath(); });
-        references.push_back(std::move(library));
+        references.push_back(LibraryReferenceOf(*reference));
       });
     }
   });
   return references;
+}
+
+void TypeLibraryScanner::Forget(ide::IReference& reference) {
+  std::optional<std::string> key;
+  ide::IgnoreErrors([&] { key = KeyOf(LibraryReferenceOf(reference)); });
+  if (key)
+    read_.erase(*key);
+  else
+    read_.clear();
 }
 
 ReferencedSymbols TypeLibraryScanner::Scan(ide::IVbe& vbe) {

@@ -72,6 +72,12 @@ class TypeLibraryScanner {
  public:
   explicit TypeLibraryScanner(TypeLibraryReader& reader) : reader_(reader) {}
   ReferencedSymbols Scan(ide::IVbe& vbe);
+  // Drops what was read for that reference (added or removed in the IDE),
+  // so that the next scan reads it again and tells again if it fails. A
+  // reference the IDE can no longer describe drops everything.
+  void Forget(ide::IReference& reference);
+  // Libraries read (or refused) and kept.
+  std::size_t KeptCount() const { return read_.size(); }
 
  private:
   TypeLibraryReader& reader_;
@@ -81,5 +87,8 @@ class TypeLibraryScanner {
 // The references of a project as the scanner reads them; a reference the
 // IDE cannot describe is left out.
 std::vector<LibraryReference> LibraryReferencesOf(ide::IProject& project);
+// One reference as the scanner reads it; raises ide::Error when the IDE
+// cannot tell its name, GUID or version.
+LibraryReference LibraryReferenceOf(ide::IReference& reference);
 
 }  // namespace tavrin::scan

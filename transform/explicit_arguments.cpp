@@ -117,6 +117,7 @@ struct Call {
   CalledName name;
   std::size_t start = 0;  // the span that holds the caret when it is "at" the call
   std::size_t end = 0;
+  std::size_t name_end = 0;  // a caret here is at this call and at no call inside it
   std::size_t args_start = 0;
   std::size_t args_end = 0;
   bool no_arguments = false;
@@ -176,6 +177,7 @@ class StatementReader {
       call.name = {qualifier, std::string(TextOf(tokens_[i]))};
       call.start = tokens_[first].start;
       call.end = close < end ? tokens_[close].end : tokens_[end - 1].end;
+      call.name_end = tokens_[i].end;
       call.args_start = tokens_[i + 1].end;
       call.args_end = close < end ? tokens_[close].start : tokens_[end - 1].end;
       call.no_arguments = i + 2 >= end || i + 2 == close;
@@ -209,6 +211,7 @@ class StatementReader {
     call.name = {Qualifier(name, begin).first, std::string(TextOf(tokens_[name]))};
     call.start = tokens_[begin].start;
     call.end = tokens_[end - 1].end;
+    call.name_end = tokens_[name].end;
     call.args_start = tokens_[name].end;
     call.args_end = call.end;
     call.no_arguments = after >= end;
@@ -321,27 +324,12 @@ Result<std::vector<Edit>> NamingEdits(std::string_view text, const std::vector<T
   return edits;
 }
 
-}  // namespace
-
-Result<CallRewrite> ExplicitArguments(const std::vector<std::string_view>& lines, int line,
-                                      int column, const ArgumentsLookup& lookup) {
-  const int count = static_cast<int>(lines.size());
-  if (line < 1 || line > count) return Error{std::string(kCalledProcedureMissing)};
-  int first = line;
-  while (first > 1 && EndsWithContinuation(lines[first - 2])) --first;
-  int last = line;
-  while (last < count && EndsWithContinuation(lines[last - 1])) ++last;
-  std::string text;
-  std::size_t caret = 0;
-  for (int n = first; n <= last; ++n) {
-    if (n > first) text += "\r\n";
-    if (n == line) caret = text.size() + utf8::OffsetOfColumn(lines[n - 1], column);
-    text += lines[n - 1];
-  }
-
-  const std::vector<Token> tokens = Tokenize(text);
+// The calls of the statement that holds the caret (or the last one before
+// it), in the order they are tried: those whose text holds the caret,
+// innermost first, then the others from the left.
+std::vector<Call> CallsInTurn(std::string_view text, const std::vector<Token>& tokens,
+                              std::size_t caret) {
   const StatementReader reader(text, tokens);
-  // The statement that holds the caret (or the last one before it).
   std::size_t begin = 0;
   std::size_t end = tokens.size();
   for (std::size_t i = 0; i < tokens.size(); ++i) {
@@ -362,8 +350,38 @@ Result<CallRewrite> ExplicitArguments(const std::vector<std::string_view>& lines
     if (holds(a)) return a.end - a.start < b.end - b.start;
     return a.start < b.start;
   });
+  return calls;
+}
 
-  for (const Call& call : calls) {
+// True when a run at `caret` over the rewritten text would pick `call` again
+// (the first call `lookup` knows), so that a second run changes nothing.
+bool PicksAgain(std::string_view text, std::size_t caret, const Call& call,
+                const ArgumentsLookup& lookup) {
+  for (const Call& other : CallsInTurn(text, Tokenize(text), caret))
+    if (lookup(other.name)) return other.start == call.start && other.name_end == call.name_end;
+  return false;
+}
+
+}  // namespace
+
+Result<CallRewrite> ExplicitArguments(const std::vector<std::string_view>& lines, int line,
+                                      int column, const ArgumentsLookup& lookup) {
+  const int count = static_cast<int>(lines.size());
+  if (line < 1 || line > count) return Error{std::string(kCalledProcedureMissing)};
+  int first = line;
+  while (first > 1 && EndsWithContinuation(lines[first - 2])) --first;
+  int last = line;
+  while (last < count && EndsWithContinuation(lines[last - 1])) ++last;
+  std::string text;
+  std::size_t caret = 0;
+  for (int n = first; n <= last; ++n) {
+    if (n > first) text += "\r\n";
+    if (n == line) caret = text.size() + utf8::OffsetOfColumn(lines[n - 1], column);
+    text += lines[n - 1];
+  }
+
+  const std::vector<Token> tokens = Tokenize(text);
+  for (const Call& call : CallsInTurn(text, tokens, caret)) {
     const auto declared = lookup(call.name);
     if (!declared) continue;
     auto edits = NamingEdits(text, tokens, call, *declared);
@@ -375,6 +393,11 @@ Result<CallRewrite> ExplicitArguments(const std::vector<std::string_view>& lines
       if (edit.at < caret)
         caret = caret - std::min(edit.erase, caret - edit.at) + edit.insert.size();
     }
+    // Naming can bring the caret to the end of an inner call ("z(z(2), "
+    // loses its trailing comma); it then goes to the end of the name
+    // called, where a second run finds the same call. The edits all lie
+    // after the name, so the name's offsets hold in the new text.
+    if (!PicksAgain(text, caret, call, lookup)) caret = call.name_end;
     CallRewrite rewrite;
     rewrite.called = call.name;
     rewrite.first_line = first;

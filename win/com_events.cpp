@@ -2,8 +2,8 @@
 // point. The point's interface is asked for at run time (the VB6 IDE and the
 // VBA editor give the same events different interface ids), and the sink
 // answers to whatever id that is. The events' DISPIDs (1 Click; 1 ItemAdded,
-// 2 ItemRemoved, 3 ItemRenamed, then ItemActivated or ItemSelected...) are
-// the same in both IDEs.
+// 2 ItemRemoved, 3 ItemRenamed, then ItemActivated or ItemSelected...; the
+// references' 1 ItemAdded, 2 ItemRemoved) are the same in both IDEs.
 #include <ocidl.h>
 
 #include "ide/events.h"
@@ -97,6 +97,16 @@ void Deliver(ide::IVBControlsEventsSink& sink, DISPID id, const EventArguments& 
     case 1: sink.ItemAdded(control); break;
     case 2: sink.ItemRemoved(control); break;
     case 3: sink.ItemRenamed(control, args.String(1), static_cast<int>(args.Long(2))); break;
+    default: break;
+  }
+}
+
+template <>
+void Deliver(ide::IReferencesEventsSink& sink, DISPID id, const EventArguments& args) {
+  const auto reference = MakeReference(args.Object(0, "Reference"));
+  switch (id) {
+    case 1: sink.ItemAdded(reference); break;
+    case 2: sink.ItemRemoved(reference); break;
     default: break;
   }
 }
@@ -242,6 +252,12 @@ class ComEvents : public ide::IEvents, public ComWrapper {
     args.push_back(ObjectArgument(DispatchOf(project)));
     args.push_back(ObjectArgument(DispatchOf(designer)));
     return SourceOf<ide::IVBControlsEventsSink>(object_, "VBControlsEvents", std::move(args));
+  }
+  std::shared_ptr<ide::IReferencesEvents> ReferencesEvents(
+      std::shared_ptr<ide::IProject> project) override {
+    std::vector<Variant> args;
+    args.push_back(ObjectArgument(DispatchOf(project)));
+    return SourceOf<ide::IReferencesEventsSink>(object_, "ReferencesEvents", std::move(args));
   }
 };
 

@@ -38,6 +38,7 @@ std::shared_ptr<ide::ICodePane> MakeCodePane(Dispatch pane);
 std::shared_ptr<ide::ICodeModule> MakeCodeModule(Dispatch module);
 std::shared_ptr<ide::IComponent> MakeComponent(Dispatch component);
 std::shared_ptr<ide::IProject> MakeProject(Dispatch project);
+std::shared_ptr<ide::IReference> MakeReference(Dispatch reference);
 std::shared_ptr<ide::IReferences> MakeReferences(Dispatch references);
 std::shared_ptr<ide::IControl> MakeControl(Dispatch control);
 std::shared_ptr<ide::ICommandBars> MakeCommandBars(Dispatch bars);

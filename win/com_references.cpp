@@ -79,6 +79,10 @@ class ComReferences : public ide::IReferences {
 
 }  // namespace
 
+std::shared_ptr<ide::IReference> MakeReference(Dispatch reference) {
+  return std::make_shared<ComReference>(std::move(reference));
+}
+
 std::shared_ptr<ide::IReferences> MakeReferences(Dispatch references) {
   return std::make_shared<ComReferences>(std::move(references));
 }

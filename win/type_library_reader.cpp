@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "win/com_ptr.h"
 #include "win/com_values.h"
@@ -141,6 +142,37 @@ void ReadVariables(ITypeInfo& info, const TYPEATTR& attr, DeclKind kind, const s
   }
 }
 
+// A procedure's arguments as Visual Basic declares them, for callers that
+// name them: "ByVal Number As Long, Optional Base". The retval and LCID
+// arguments are no arguments to a caller; a vararg function's last one is
+// a ParamArray.
+std::string ArgumentsText(ITypeInfo& info, const FUNCDESC& func) {
+  std::vector<Bstr> names(static_cast<std::size_t>(func.cParams) + 1);
+  std::vector<BSTR> raw(names.size(), nullptr);
+  UINT count = 0;
+  if (FAILED(info.GetNames(func.memid, raw.data(), static_cast<UINT>(raw.size()), &count)))
+    count = 0;
+  for (UINT n = 0; n < count; ++n) *names[n].put() = raw[n];  // owned from here
+  std::string text;
+  for (SHORT p = 0; p < func.cParams; ++p) {
+    const ELEMDESC& param = func.lprgelemdescParam[p];
+    const USHORT flags = param.paramdesc.wParamFlags;
+    if (flags & (PARAMFLAG_FRETVAL | PARAMFLAG_FLCID)) continue;
+    const auto at = static_cast<UINT>(p) + 1;
+    std::string name = at < count ? names[at].ToUtf8() : "";
+    if (name.empty()) name = "Arg" + std::to_string(p + 1);
+    if (!text.empty()) text += ", ";
+    if (func.cParamsOpt == -1 && p + 1 == func.cParams) {
+      text += "ParamArray " + name + "()";
+      continue;
+    }
+    if (flags & PARAMFLAG_FOPT) text += "Optional ";
+    if (param.tdesc.vt != VT_PTR) text += "ByVal ";
+    text += name + " As " + TypeName(info, param.tdesc);
+  }
+  return text;
+}
+
 // The procedures of a module; a function returning HRESULT returns its
 // retval argument.
 void ReadProcedures(ITypeInfo& info, const TYPEATTR& attr, const std::string& module,
@@ -156,6 +188,7 @@ void ReadProcedures(ITypeInfo& info, const TYPEATTR& attr, const std::string& mo
       if (param.paramdesc.wParamFlags & PARAMFLAG_FRETVAL) returns = &param.tdesc;
     }
     if (returns->vt != VT_VOID && returns->vt != VT_HRESULT) member.type = TypeName(info, *returns);
+    member.arguments = ArgumentsText(info, *func.get());
     members.push_back(std::move(member));
   }
 }

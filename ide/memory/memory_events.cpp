@@ -21,6 +21,11 @@ std::vector<MemoryEvents::Connection<IVBControlsEventsSink>>& MemoryEvents::List
   return controls_;
 }
 
+template <>
+std::vector<MemoryEvents::Connection<IReferencesEventsSink>>& MemoryEvents::ListOf() {
+  return references_;
+}
+
 // One source object as Events hands it out: it remembers its filter and
 // connects sinks under it.
 template <class Sink>
@@ -93,6 +98,12 @@ std::shared_ptr<IVBControlsEvents> MemoryEvents::VBControlsEvents(
                                                                     designer.get());
 }
 
+std::shared_ptr<IReferencesEvents> MemoryEvents::ReferencesEvents(
+    std::shared_ptr<IProject> project) {
+  return std::make_shared<MemoryEventSource<IReferencesEventsSink>>(shared_from_this(),
+                                                                    project.get(), nullptr);
+}
+
 void MemoryEvents::RaiseClick(const std::shared_ptr<ICommandBarControl>& control) {
   bool handled = false;
   bool cancel_default = false;
@@ -151,9 +162,18 @@ void MemoryEvents::RaiseControlRenamed(const std::shared_ptr<IDesigner>& designe
           [&](auto& sink) { sink.ItemRenamed(control, old_name, old_index); });
 }
 
+void MemoryEvents::RaiseReferenceAdded(const std::shared_ptr<IProject>& project,
+                                       const std::shared_ptr<IReference>& reference) {
+  RaiseTo(references_, project.get(), nullptr, [&](auto& sink) { sink.ItemAdded(reference); });
+}
+void MemoryEvents::RaiseReferenceRemoved(const std::shared_ptr<IProject>& project,
+                                         const std::shared_ptr<IReference>& reference) {
+  RaiseTo(references_, project.get(), nullptr, [&](auto& sink) { sink.ItemRemoved(reference); });
+}
+
 int MemoryEvents::ConnectionCount() const {
   return static_cast<int>(clicks_.size() + projects_.size() + components_.size() +
-                          controls_.size());
+                          controls_.size() + references_.size());
 }
 
 }  // namespace tavrin::ide::memory

@@ -22,6 +22,7 @@ class MemoryEvents : public IEvents, public std::enable_shared_from_this<MemoryE
       std::shared_ptr<IProject> project) override;
   std::shared_ptr<IVBControlsEvents> VBControlsEvents(std::shared_ptr<IProject> project,
                                                       std::shared_ptr<IDesigner> designer) override;
+  std::shared_ptr<IReferencesEvents> ReferencesEvents(std::shared_ptr<IProject> project) override;
 
   // A click on `control`: every sink connected to it, in connection order.
   void RaiseClick(const std::shared_ptr<ICommandBarControl>& control);
@@ -47,6 +48,12 @@ class MemoryEvents : public IEvents, public std::enable_shared_from_this<MemoryE
                            const std::shared_ptr<IControl>& control, std::string_view old_name,
                            int old_index);
 
+  // `project` is the project whose References changed.
+  void RaiseReferenceAdded(const std::shared_ptr<IProject>& project,
+                           const std::shared_ptr<IReference>& reference);
+  void RaiseReferenceRemoved(const std::shared_ptr<IProject>& project,
+                             const std::shared_ptr<IReference>& reference);
+
   // Sinks connected now, of every kind.
   int ConnectionCount() const;
 
@@ -69,6 +76,7 @@ class MemoryEvents : public IEvents, public std::enable_shared_from_this<MemoryE
   std::vector<Connection<IVBProjectsEventsSink>> projects_;
   std::vector<Connection<IVBComponentsEventsSink>> components_;
   std::vector<Connection<IVBControlsEventsSink>> controls_;
+  std::vector<Connection<IReferencesEventsSink>> references_;
   int next_id_ = 1;
 };
 

@@ -97,6 +97,7 @@ std::shared_ptr<MemoryReference> MemoryProject::AddReferenceFromFile(std::string
   }
   references_.push_back(reference);
   references_changed_ = true;
+  vbe->MemoryEventHub()->RaiseReferenceAdded(shared_from_this(), reference);
   return reference;
 }
 
@@ -114,6 +115,7 @@ std::shared_ptr<MemoryReference> MemoryProject::AddReferenceFromGuid(std::string
                                                      false, true);
   references_.push_back(reference);
   references_changed_ = true;
+  if (auto vbe = vbe_.lock()) vbe->MemoryEventHub()->RaiseReferenceAdded(shared_from_this(), reference);
   return reference;
 }
 
@@ -122,8 +124,10 @@ void MemoryProject::RemoveReference(IReference& reference) {
                                   [&](const auto& each) { return each.get() == &reference; });
   if (found == references_.end()) throw Error(5, "Invalid procedure call or argument");
   if ((*found)->BuiltIn()) throw Error(5, "Can't remove a default reference");
+  const std::shared_ptr<IReference> removed = *found;
   references_.erase(found);
   references_changed_ = true;
+  if (auto vbe = vbe_.lock()) vbe->MemoryEventHub()->RaiseReferenceRemoved(shared_from_this(), removed);
 }
 
 std::shared_ptr<MemoryComponent> MemoryProject::AddNew(ComponentType type) {

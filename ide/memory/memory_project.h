@@ -43,8 +43,9 @@ class MemoryProject : public IProject, public std::enable_shared_from_this<Memor
   std::shared_ptr<MemoryComponent> Import(std::string_view path);
   const std::vector<std::shared_ptr<MemoryComponent>>& Components() const { return components_; }
 
-  // References.AddFromFile, AddFromGuid and Remove. A changed list is
-  // written back to the project file by Save. `AddReference` adds one as
+  // References.AddFromFile, AddFromGuid and Remove, each raising its
+  // ReferencesEvents. A changed list is written back to the project file by
+  // Save. `AddReference` adds one as
   // the project file named it (loading, tests).
   void AddReference(std::shared_ptr<MemoryReference> reference);
   std::shared_ptr<MemoryReference> AddReferenceFromFile(std::string_view path);

@@ -65,10 +65,18 @@ TEST(ExplicitArgumentsTest, NamesTheArgumentsOfTheCallAtTheCaret) {
 }
 
 TEST(ExplicitArgumentsTest, RewritingTwiceChangesNothingMore) {
-  for (const std::string code : {"Foo a, , c", "x = Foo(a, _\r\n  b)"}) {
-    const auto once = ExplicitArguments(SplitCrLf(code), 1, 1, Known);
+  // Again at the caret the first run left; nested and unclosed calls, where
+  // dropping a trailing comma puts the caret at the end of an inner call.
+  const struct {
+    std::string code;
+    int column;
+  } cases[] = {{"Foo a, , c", 1}, {"x = Foo(a, _\r\n  b)", 1}, {"x = Twice(Twice(2), ", 21},
+               {"Foo Twice(2), ", 15}};
+  for (const auto& [code, column] : cases) {
+    const auto once = ExplicitArguments(SplitCrLf(code), 1, column, Known);
     ASSERT_TRUE(once) << code;
-    const auto twice = ExplicitArguments(SplitCrLf(once->text), 1, 1, Known);
+    const auto twice =
+        ExplicitArguments(SplitCrLf(once->text), once->caret_line, once->caret_column, Known);
     ASSERT_TRUE(twice);
     EXPECT_EQ(twice->text, once->text);
   }
