@@ -45,7 +45,9 @@ std::string ControlDisplayName(const std::vector<PhysicalLine>& header,
   return control.name;
 }
 
-void AssignTabs(const std::vector<PhysicalLine>& header, std::vector<ControlLayout>& controls) {
+void AssignNamesAndTabs(const std::vector<PhysicalLine>& header,
+                        std::vector<ControlLayout>& controls) {
+  for (ControlLayout& control : controls) control.display_name = ControlDisplayName(header, control);
   // Per container with tab lists: the listed names (lower case) and their tab.
   std::map<int, std::map<std::string, int>> listed;
   for (std::size_t c = 0; c < controls.size(); ++c) {
@@ -60,7 +62,7 @@ void AssignTabs(const std::vector<PhysicalLine>& header, std::vector<ControlLayo
   for (ControlLayout& control : controls) {
     const auto names = listed.find(control.container);
     if (names == listed.end()) continue;
-    const auto found = names->second.find(ToLowerAscii(ControlDisplayName(header, control)));
+    const auto found = names->second.find(ToLowerAscii(control.display_name));
     if (found != names->second.end()) control.tab = found->second;
   }
 }

@@ -17,8 +17,10 @@ namespace tavrin::ide::memory {
 std::string ControlDisplayName(const std::vector<PhysicalLine>& header,
                                const ControlLayout& control);
 
-// Sets `tab` of every child that its container's tab lists name; one pass
-// over the controls.
-void AssignTabs(const std::vector<PhysicalLine>& header, std::vector<ControlLayout>& controls);
+// Sets every control's `display_name`, and `tab` of every child that its
+// container's tab lists name: one pass over the lines, so that a container
+// of thousands of children is not read again for each of them.
+void AssignNamesAndTabs(const std::vector<PhysicalLine>& header,
+                        std::vector<ControlLayout>& controls);
 
 }  // namespace tavrin::ide::memory

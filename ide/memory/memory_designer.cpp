@@ -58,13 +58,13 @@ std::shared_ptr<ICollection<IControl>> MemoryDesigner::VBControls() {
 const std::vector<ControlLayout>& MemoryDesigner::Layout() {
   if (!layout_) {
     layout_ = ParseDesignerLayout(source_->header());
-    AssignTabs(source_->header(), *layout_);
+    AssignNamesAndTabs(source_->header(), *layout_);
   }
   return *layout_;
 }
 
 std::string MemoryDesigner::DisplayName(std::size_t control) {
-  return ControlDisplayName(source_->header(), Control(control));
+  return Control(control).display_name;
 }
 
 const ControlLayout& MemoryDesigner::Control(std::size_t control) {
@@ -130,6 +130,9 @@ std::string MemoryDesigner::ReadProperty(std::size_t control, std::string_view n
 void MemoryDesigner::WriteProperty(std::size_t control, std::string_view name,
                                    std::string_view value) {
   const ControlLayout layout = Control(control);  // a copy: the write may move lines
+  // A new Index renames the control in its array and in its container's tab
+  // list: the layout is read again.
+  if (EqualsIgnoreCase(name, "Index") || StartsWithIgnoreCase(name, "Tab(")) layout_.reset();
   auto& header = source_->header();
   if (EqualsIgnoreCase(name, "Name")) {
     layout_.reset();
