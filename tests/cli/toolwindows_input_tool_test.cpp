@@ -59,11 +59,11 @@ TEST_F(ToolWindowsInputToolTest, TwoThousandModulesWithBrokenAndAccentedOnes) {
     std::vector<std::string> shown;
   } kRuns[] = {
       {{"tree", project},
-       {"    basAccents\n      Café Private :2\n      Größe (Function) Public :3\n",
-        "    basBroken\n      Colors (Enum) Public :2\n        Red :3\n",
-        "    Module2000\n      Work2000 Public :2\n", "Found (Function) Public :"}},
-      {{"find", project, "grö"}, {"basAccents.Größe:3 (function)\n"}},
-      {{"find", project, "work1999"}, {"Module1999.Work1999:2"}},
+       {"    basAccents\n      Café (Const) Private :1\n      Größe (Function) Public :2\n",
+        "    basBroken\n      Colors (Enum) Public :1\n        Red :2\n",
+        "    Module2000\n      Work2000 Public :1\n", "      Found (Function) Public :6\n"}},
+      {{"find", project, "grö"}, {"basAccents.Größe:2 (function)\n"}},
+      {{"find", project, "work1999"}, {"Module1999.Work1999:1 (sub)\n"}},
   };
   for (const auto& run : kRuns) {
     const ToolRun result = Run(run.arguments);
