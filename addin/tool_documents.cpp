@@ -206,6 +206,10 @@ const std::vector<toolwindows::TabStop>& TabOrderDocument::Stops() const {
   return model_ ? model_->Stops() : kNone;
 }
 
+std::vector<toolwindows::TabOrderLine> TabOrderDocument::Lines() const {
+  return model_ ? model_->Lines() : std::vector<toolwindows::TabOrderLine>{};
+}
+
 bool TabOrderDocument::MoveUp(std::size_t position) {
   const bool moved = model_ && model_->MoveUp(position);
   if (moved) Changed();

@@ -147,6 +147,8 @@ class TabOrderDocument final : public ITabOrderDocument, public ToolDocumentBase
 
   // Empty without a form designer.
   const std::vector<toolwindows::TabStop>& Stops() const;
+  // The stops with the captions of tabbed containers' tabs.
+  std::vector<toolwindows::TabOrderLine> Lines() const;
   bool MoveUp(std::size_t position);
   bool MoveDown(std::size_t position);
   void OrderByPosition();

@@ -139,11 +139,21 @@ int RunTabOrder(const GlobalOptions &globals, const TabOrderArguments &arguments
     session.WriteResult(arguments.output, false, ignored);
   }
   nlohmann::json records = nlohmann::json::array();
-  for (std::size_t i = 0; i < order.Stops().size(); ++i) {
+  for (const toolwindows::TabOrderLine &line : order.Lines()) {
+    if (line.stop == toolwindows::TabOrderLine::kCaption) {
+      if (!globals.json && !write) std::cout << '[' << line.text << "]\n";
+      continue;
+    }
+    const std::size_t i = line.stop;
     const auto &stop = order.Stops()[i];
+    const bool on_tab = stop.tab != toolwindows::kNoTab && stop.tab != toolwindows::kHiddenTab;
     if (globals.json)
       records.push_back({{"name", stop.name},
                          {"container", stop.container},
+                         {"tab", on_tab ? nlohmann::json(stop.tab) : nlohmann::json()},
+                         {"group", stop.tab == toolwindows::kNoTab
+                                       ? nlohmann::json()
+                                       : nlohmann::json(order.TabCaption(stop))},
                          {"tab_index", stop.tab_index},
                          {"position", i}});
     else if (!write)

@@ -8,10 +8,13 @@
 
 #include "base/text.h"
 #include "ide/memory/component_kind.h"
+#include "resources/string_table.h"
 #include "scan/project_scanner.h"
 
 namespace tavrin::toolwindows {
 namespace {
+
+constexpr int kUnreadableMarkText = 2035;
 
 using ide::ComponentType;
 
@@ -158,6 +161,7 @@ CodeExplorer::Component CodeExplorer::Read(ide::IComponent& component) {
     entry.type = component.Type();
     if (HasCode(entry.type)) entry.members = Members(component);
   } catch (const ide::Error&) {
+    entry.unreadable = true;
   }
   return entry;
 }
@@ -243,6 +247,7 @@ std::vector<Node> CodeExplorer::Tree() const {
       node.kind = NodeKind::kComponent;
       node.caption = component->name;
       node.component_type = component->type;
+      node.unreadable = component->unreadable;
       node.children = component->members;
       project_node.children.back().children.push_back(std::move(node));
     }
@@ -256,6 +261,7 @@ namespace {
 void AppendText(const Node& node, int depth, std::string& text) {
   text.append(std::size_t(depth) * 2, ' ');
   text += node.caption;
+  if (node.unreadable) text += " " + std::string(UnreadableMark());
   if (node.kind == NodeKind::kFunction) text += " (Function)";
   if (node.kind == NodeKind::kProperty) text += " (Property)";
   if (node.kind == NodeKind::kEnum) text += " (Enum)";
@@ -273,6 +279,8 @@ void AppendText(const Node& node, int depth, std::string& text) {
 }
 
 }  // namespace
+
+std::string_view UnreadableMark() { return resources::LoadResString(kUnreadableMarkText); }
 
 std::string TreeAsText(const std::vector<Node>& tree) {
   std::string text;

@@ -43,6 +43,8 @@ struct Node {
   ide::ProcKind proc_kind = ide::ProcKind::kProc;
   bool is_public = false;
   int line = 0;  // the declaration to go to; 0 for no member
+  // A component whose code or designer the IDE could not open.
+  bool unreadable = false;
   std::vector<Node> children;
 };
 
@@ -71,6 +73,7 @@ class CodeExplorer {
     std::string name;
     ide::ComponentType type = ide::ComponentType::kStdModule;
     std::vector<Node> members;
+    bool unreadable = false;
   };
   struct Project {
     std::string name;
@@ -83,6 +86,9 @@ class CodeExplorer {
   std::vector<Project> projects_;
   int component_reads_ = 0;
 };
+
+// What the tree adds to the caption of a component the IDE could not open.
+std::string_view UnreadableMark();
 
 // The tree as indented text, two spaces a level; members show their line.
 std::string TreeAsText(const std::vector<Node>& tree);

@@ -108,6 +108,7 @@ class CodeExplorerPane final : public ToolPane, public addin::DocumentView {
   // Items carry the index of their node's place (document order).
   void Insert(const toolwindows::Node& node, HTREEITEM parent, int depth, std::size_t& index) {
     std::wstring text = Utf8ToWide(node.caption);
+    if (node.unreadable) text += L" " + Utf8ToWide(toolwindows::UnreadableMark());
     TVINSERTSTRUCTW insert{};
     insert.hParent = parent;
     insert.hInsertAfter = TVI_LAST;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "addin/tool_windows.h"
+#include "formtools/access_keys.h"
 #include "ide/events.h"
 #include "win/bitmap_picture.h"
 #include "win/com_ide_objects.h"
@@ -329,6 +330,23 @@ class ComControl : public ide::IControl, public ComWrapper {
     return std::make_shared<ComCollection<ide::IProperty>>(
         object_.Wrap(object_.GetObject("Properties"), "Properties"), "Property",
         [](Dispatch property) { return std::make_shared<ComProperty>(std::move(property)); });
+  }
+  // VB6's VBControl.Container (an MSForms control's Parent), named as the
+  // designer names its controls. The form, Nothing or a failure: no
+  // container, so the control counts as the form's.
+  std::string ContainerName() override {
+    try {
+      const char* member = object_.Has("Container") ? "Container"
+                           : object_.Has("Parent")  ? "Parent"
+                                                    : nullptr;
+      if (!member) return {};
+      auto container = object_.GetObject(member);
+      if (!container) return {};
+      ComControl wrapped(object_.Wrap(std::move(container), "VBControl"));
+      return formtools::ControlDisplayName(wrapped);
+    } catch (const ide::Error&) {
+      return {};
+    }
   }
 
  private:

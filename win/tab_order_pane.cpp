@@ -2,6 +2,7 @@
 // buttons that reorder them and write the order back.
 #include <algorithm>
 #include <array>
+#include <vector>
 
 #include "addin/tool_documents.h"
 #include "win/tool_panes.h"
@@ -60,14 +61,13 @@ class TabOrderPane final : public ToolPane, public addin::DocumentView {
   LRESULT Command(WPARAM wparam, LPARAM) override {
     if (HIWORD(wparam) == BN_SETFOCUS) host_->ChildFocused();
     if (HIWORD(wparam) != BN_CLICKED) return 0;
-    const int row = SelectedRow(list_);
+    const std::size_t stop = StopAt(SelectedRow(list_));
     switch (LOWORD(wparam)) {
       case kMoveUpId:
-        if (row > 0 && document_->MoveUp(static_cast<std::size_t>(row))) SelectRow(list_, row - 1);
+        if (stop != kNone && document_->MoveUp(stop)) SelectRow(list_, RowOf(stop - 1));
         break;
       case kMoveDownId:
-        if (row >= 0 && document_->MoveDown(static_cast<std::size_t>(row)))
-          SelectRow(list_, row + 1);
+        if (stop != kNone && document_->MoveDown(stop)) SelectRow(list_, RowOf(stop + 1));
         break;
       case kByPositionId:
         document_->OrderByPosition();
@@ -104,10 +104,15 @@ class TabOrderPane final : public ToolPane, public addin::DocumentView {
     const int selected = SelectedRow(list_);
     ::SendMessageW(list_, WM_SETREDRAW, FALSE, 0);
     ListView_DeleteAllItems(list_);
+    lines_ = document_->Lines();
     int row = 0;
-    // The index each control will have once applied.
-    for (const toolwindows::TabStop& stop : document_->Stops()) {
-      SetListRow(list_, row, {Utf8ToWide(stop.name), std::to_wstring(row)});
+    // Indented under their containers and tabs, with the index each control
+    // will have once applied; a tab's caption line has none.
+    for (const toolwindows::TabOrderLine& line : lines_) {
+      const std::wstring indent(static_cast<std::size_t>(std::max(line.depth, 0)) * 3, L' ');
+      const bool caption = line.stop == toolwindows::TabOrderLine::kCaption;
+      SetListRow(list_, row, {indent + Utf8ToWide(caption ? "[" + line.text + "]" : line.text),
+                              caption ? std::wstring() : std::to_wstring(line.stop)});
       ++row;
     }
     SelectRow(list_, std::min(selected, row - 1));
@@ -116,7 +121,20 @@ class TabOrderPane final : public ToolPane, public addin::DocumentView {
   }
 
  private:
+  static constexpr std::size_t kNone = toolwindows::TabOrderLine::kCaption;
+  // The stop a row shows; kNone for a tab's caption or no row.
+  std::size_t StopAt(int row) const {
+    if (row < 0 || static_cast<std::size_t>(row) >= lines_.size()) return kNone;
+    return lines_[static_cast<std::size_t>(row)].stop;
+  }
+  int RowOf(std::size_t stop) const {
+    for (std::size_t row = 0; row < lines_.size(); ++row)
+      if (lines_[row].stop == stop) return static_cast<int>(row);
+    return -1;
+  }
+
   std::shared_ptr<addin::TabOrderDocument> document_;
+  std::vector<toolwindows::TabOrderLine> lines_;  // as the list shows them
   PaneHost* host_ = nullptr;
   HWND list_ = nullptr;  // children of the control's window, destroyed with it
   std::array<HWND, kButtons.size()> buttons_{};

@@ -17,6 +17,11 @@ struct ControlLayout {
   std::string name;           // "cmdOK"
   std::size_t begin_line = 0; // header index of its Begin line
   int container = -1;         // ordinal of the control it sits in; -1: the root
+  // Set by AssignNamesAndTabs (control_names.h): "optKind(1)" for a member
+  // of a control array, and on a tabbed container the tab its
+  // `Tab(n).Control(i)` line names (-1: on no tab, or not listed).
+  std::string display_name;
+  int tab = -1;
   // Header indexes of its own `Key = value` lines, not those of nested
   // BeginProperty blocks or child controls.
   std::vector<std::size_t> property_lines;

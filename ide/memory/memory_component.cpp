@@ -56,9 +56,22 @@ void MemoryComponent::Init() {
   }
 }
 
-std::shared_ptr<ICodeModule> MemoryComponent::CodeModule() { return module_; }
+namespace {
+// What the IDE raises for a component it cannot open.
+[[noreturn]] void CannotRead() {
+  throw Error(50289, "Can't perform operation since the project is protected");
+}
+}  // namespace
 
-std::shared_ptr<IDesigner> MemoryComponent::Designer() { return designer_; }
+std::shared_ptr<ICodeModule> MemoryComponent::CodeModule() {
+  if (unreadable_) CannotRead();
+  return module_;
+}
+
+std::shared_ptr<IDesigner> MemoryComponent::Designer() {
+  if (unreadable_) CannotRead();
+  return designer_;
+}
 
 std::shared_ptr<IProject> MemoryComponent::Project() { return project_.lock(); }
 

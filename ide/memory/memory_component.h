@@ -43,6 +43,11 @@ class MemoryComponent : public IComponent, public std::enable_shared_from_this<M
   // The bytes Save would write.
   void Export(std::string_view path) override;
 
+  // A component the IDE cannot open (a designer whose control is missing, a
+  // locked project): CodeModule and Designer raise an error, as such a
+  // component does in the IDE, while its name and type stay readable.
+  void SetUnreadable(bool unreadable) { unreadable_ = unreadable; }
+
   std::shared_ptr<MemoryCodePane> CodePane() { return pane_; }
   std::shared_ptr<MemoryWindow> CodeWindow() { return code_window_; }
   // nullptr for a component without a designer.
@@ -70,6 +75,7 @@ class MemoryComponent : public IComponent, public std::enable_shared_from_this<M
   std::shared_ptr<MemoryWindow> code_window_;
   std::shared_ptr<MemoryDesigner> designer_;
   std::shared_ptr<MemoryWindow> designer_window_;
+  bool unreadable_ = false;
 };
 
 }  // namespace tavrin::ide::memory

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "ide/memory/control_names.h"
 #include "ide/memory/memory_collection.h"
 
 namespace tavrin::ide::memory {
@@ -55,8 +56,15 @@ std::shared_ptr<ICollection<IControl>> MemoryDesigner::VBControls() {
 }
 
 const std::vector<ControlLayout>& MemoryDesigner::Layout() {
-  if (!layout_) layout_ = ParseDesignerLayout(source_->header());
+  if (!layout_) {
+    layout_ = ParseDesignerLayout(source_->header());
+    AssignNamesAndTabs(source_->header(), *layout_);
+  }
   return *layout_;
+}
+
+std::string MemoryDesigner::DisplayName(std::size_t control) {
+  return Control(control).display_name;
 }
 
 const ControlLayout& MemoryDesigner::Control(std::size_t control) {
@@ -122,6 +130,9 @@ std::string MemoryDesigner::ReadProperty(std::size_t control, std::string_view n
 void MemoryDesigner::WriteProperty(std::size_t control, std::string_view name,
                                    std::string_view value) {
   const ControlLayout layout = Control(control);  // a copy: the write may move lines
+  // A new Index renames the control in its array and in its container's tab
+  // list: the layout is read again.
+  if (EqualsIgnoreCase(name, "Index") || StartsWithIgnoreCase(name, "Tab(")) layout_.reset();
   auto& header = source_->header();
   if (EqualsIgnoreCase(name, "Name")) {
     layout_.reset();
@@ -194,10 +205,18 @@ std::string MemoryControl::ClassName() {
   return dot == std::string::npos ? prog_id : prog_id.substr(dot + 1);
 }
 
+std::shared_ptr<MemoryControl> MemoryControl::Container() {
+  const int container = designer_->Control(ordinal_).container;
+  if (container < 0) return nullptr;
+  return std::make_shared<MemoryControl>(designer_, std::size_t(container));
+}
+
 std::string MemoryControl::ContainerName() {
   const int container = designer_->Control(ordinal_).container;
-  return container < 0 ? std::string() : designer_->Control(std::size_t(container)).name;
+  return container < 0 ? std::string() : designer_->DisplayName(std::size_t(container));
 }
+
+int MemoryControl::ContainerTab() { return designer_->Control(ordinal_).tab; }
 
 std::string MemoryControl::Name() { return designer_->Control(ordinal_).name; }
 

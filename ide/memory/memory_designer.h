@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "ide/control_tab.h"
 #include "ide/memory/designer_layout.h"
 #include "ide/memory/source_file.h"
 #include "ide/object_model.h"
@@ -29,6 +30,8 @@ class MemoryDesigner : public IDesigner, public std::enable_shared_from_this<Mem
   std::string ReadProperty(std::size_t control, std::string_view name);
   void WriteProperty(std::size_t control, std::string_view name, std::string_view value);
   const ControlLayout& Control(std::size_t control);
+  // "optKind(1)" for a member of a control array.
+  std::string DisplayName(std::size_t control);
 
  private:
   // The controls, parsed once and again only after a write changed lines.
@@ -49,7 +52,9 @@ class MemoryDesigner : public IDesigner, public std::enable_shared_from_this<Mem
   std::map<std::pair<std::size_t, std::string>, std::string> original_lines_;
 };
 
-class MemoryControl : public IControl {
+// ContainerName gives the container as the designer names its controls:
+// "fraKind(1)" for a member of a control array.
+class MemoryControl : public IControl, public IControlTab {
  public:
   MemoryControl(std::shared_ptr<MemoryDesigner> designer, std::size_t ordinal);
 
@@ -57,7 +62,11 @@ class MemoryControl : public IControl {
   std::string ProgId() override;
   std::shared_ptr<ICollection<IProperty>> Properties() override;
   std::string ContainerName() override;
+  int ContainerTab() override;
   std::string Name();
+  // The control it sits in, as VBControl.Container gives it; nullptr on the
+  // form itself.
+  std::shared_ptr<MemoryControl> Container();
 
  private:
   std::shared_ptr<MemoryDesigner> designer_;

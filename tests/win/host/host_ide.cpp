@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "ide/memory/memory_designer.h"
 #include "tests/win/host/host_command_bars.h"
 #include "tests/win/host/host_tool_windows.h"
 
@@ -176,6 +177,13 @@ ComPtr<IDispatch> MakeControl(std::shared_ptr<IControl> control) {
                [control] {
                  return Variant::Object(
                      MakeCollection<IProperty>(control->Properties(), &MakeProperty).get());
+               }),
+      Property(L"Container",
+               [control] {
+                 const auto memory = std::dynamic_pointer_cast<memory::MemoryControl>(control);
+                 std::shared_ptr<IControl> container;
+                 if (memory) container = memory->Container();
+                 return ObjectOf(container, &MakeControl);
                }),
   }, control);
 }
