@@ -6,7 +6,7 @@
 #include <set>
 
 #include "addin/class_builder.h"
-#include "addin/select_enum_command.h"
+#include "addin/control_builder.h"
 #include "addin/declaration_builders.h"
 #include "addin/explicit_arguments.h"
 #include "addin/export_file.h"
@@ -86,7 +86,8 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
     // show their text in a message box.
     const bool needs_dialogs = row.run == RunAddProcedure || row.run == RunCodeLineBuilder ||
                                row.run == RunTipOfTheDay || row.run == RunAbout ||
-                               row.run == RunSelectFromEnum || row.run == RunAddClass;
+                               row.run == RunSelectFromEnum || row.run == RunAddClass ||
+                               row.run == RunAddControls;
     ASSERT_EQ(ui_.boxes_shown.size(),
               boxes_before +
                   (asks_for_form || misses_error_module || misses_call || needs_dialogs ? 1 : 0));
@@ -114,9 +115,9 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
                                        RunVerifyShortcuts, RunSettingsDialog, RunAddVariable,
                                        RunAddConstant, RunAddProperty, RunNewBlock,
                                        RunAddBlockItem, RunCodeLineBuilder, RunTipOfTheDay,
-                                       RunAbout, RunImportFile, RunInsertVariable,
-                                       RunExplicitArguments, RunAddPathConstant,
-                                       RunSelectFromEnum, RunAddClass, RunSaveFragment}));
+                               row.run == RunTipOfTheDay || row.run == RunAbout ||
+                               row.run == RunSelectFromEnum || row.run == RunAddClass ||
+                               row.run == RunAddControls;
 }
 
 TEST_F(ClickTest, CodeCommandsDoNothingWithoutACodeWindow) {
