@@ -7,6 +7,7 @@
 
 #include "addin/class_builder.h"
 #include "addin/control_builder.h"
+#include "addin/select_enum_command.h"
 #include "addin/declaration_builders.h"
 #include "addin/explicit_arguments.h"
 #include "addin/export_file.h"
