@@ -3,6 +3,7 @@
 #include <string>
 
 #include "builders/control_dialog.h"
+#include "fragments/settings.h"
 #include "formtools/control_layout.h"
 #include "formtools/verify_shortcuts.h"
 
@@ -29,10 +30,14 @@ bool AddControls(Context& context) {
     }
     std::string form_name;
     if (const auto window = context.vbe.ActiveWindow()) form_name = window->Caption();
-    builders::ControlDialog dialog(form_name, formtools::FormStateOf(*designer));
+    const fragments::Settings defaults;
+    const fragments::Settings& settings = context.settings ? *context.settings : defaults;
+    builders::ControlDialog dialog(form_name, formtools::FormStateOf(*designer),
+                                   settings.type_prefixes, context.columns);
     if (!context.dialogs->Show(dialog)) return false;
-    formtools::AddToForm(*designer, dialog.Controls());
-    return true;
+    const auto layout = dialog.Layout();
+    formtools::AddToForm(*designer, layout.controls);
+    return !layout.controls.empty();
   } catch (const ide::Error& error) {
     Tell(context, std::string("The controls could not be added: ") + error.what());
     return false;

@@ -37,8 +37,10 @@ const ControlKind* KindOf(std::string_view type) {
   return nullptr;
 }
 
-bool IsIdentifier(std::string_view name) {
-  if (name.empty() || !std::isalpha(static_cast<unsigned char>(name.front()))) return false;
+// A control name: a letter, then letters, digits and underscores, at most
+// 40 characters as the IDE allows.
+bool IsControlName(std::string_view name) {
+  if (name.empty() || name.size() > 40 || !std::isalpha(static_cast<unsigned char>(name.front()))) return false;
   return std::all_of(name.begin(), name.end(), [](char c) {
     return std::isalnum(static_cast<unsigned char>(c)) || c == '_';
   });
@@ -62,14 +64,11 @@ std::string WithAccessKey(const std::string& caption, std::string& used) {
   return caption;
 }
 
-std::string UniqueName(std::string name, std::vector<std::string>& taken) {
-  const std::string base = name;
-  for (int n = 2; std::any_of(taken.begin(), taken.end(),
-                              [&](const std::string& t) { return EqualsIgnoreCase(t, name); });
-       ++n)
-    name = base + std::to_string(n);
-  taken.push_back(name);
-  return name;
+bool IsUpperAscii(char c) { return c >= 'A' && c <= 'Z'; }
+
+bool Contains(const std::vector<std::string>& names, std::string_view name) {
+  return std::any_of(names.begin(), names.end(),
+                     [&](const std::string& taken) { return EqualsIgnoreCase(taken, name); });
 }
 
 }  // namespace
@@ -95,7 +94,7 @@ ParsedEntries ParseControlEntries(std::string_view text) {
       const std::size_t as = FindIgnoreCase(entry, " As ");
       ControlEntry control{std::string(TrimBlanks(entry.substr(0, as))), "TextBox"};
       if (as != std::string_view::npos) control.type = TrimBlanks(entry.substr(as + 4));
-      if (!IsIdentifier(control.name)) {
+      if (!IsControlName(control.name)) {
         parsed.problem = "'" + control.name + "' is not a name for a control.";
         return parsed;
       }
@@ -108,10 +107,34 @@ ParsedEntries ParseControlEntries(std::string_view text) {
         return parsed;
       }
       control.type = std::string(kind->type);
+      for (const ControlEntry& earlier : parsed.entries)
+        if (EqualsIgnoreCase(earlier.name, control.name)) {
+          parsed.problem = control.name + " is listed twice.";
+          return parsed;
+        }
       parsed.entries.push_back(std::move(control));
     }
   }
   return parsed;
+}
+
+std::string EntriesText(const std::vector<ControlEntry>& entries) {
+  std::string text;
+  for (const ControlEntry& entry : entries)
+    text += (text.empty() ? "" : "\r\n") + entry.name + " As " + entry.type;
+  return text;
+}
+
+std::string ControlName(std::string_view type, std::string_view name,
+                        const settings::TypePrefixTable& prefixes) {
+  std::string tag = prefixes.Tag(type, settings::TagUse::kVariable);
+  if (tag.empty()) {
+    if (const ControlKind* kind = KindOf(type)) tag = kind->prefix;
+    if (EqualsIgnoreCase(type, "Label")) tag = "lbl";
+  }
+  if (name.size() > tag.size() && name.starts_with(tag) && IsUpperAscii(name[tag.size()]))
+    return std::string(name);
+  return tag + std::string(name);
 }
 
 std::string CaptionOf(std::string_view name) {
@@ -132,29 +155,40 @@ std::string CaptionOf(std::string_view name) {
   return caption;
 }
 
-std::vector<PlacedControl> LayOutControls(const std::vector<ControlEntry>& entries,
-                                          const FormState& form) {
-  std::vector<PlacedControl> placed;
+ControlLayout LayOutControls(const std::vector<ControlEntry>& entries, const FormState& form,
+                             const settings::TypePrefixTable& prefixes) {
+  ControlLayout layout;
   std::string used = form.used_keys;
   std::vector<std::string> taken = form.names;
-  int top = form.bottom + kMargin;
+  int top = form.bottom + (form.bottom > 0 ? kMargin * 2 : kMargin);
   int tab = form.next_tab_index;
   const int input_left = kMargin + kLabelWidth + kColumnGap;
+  const auto add = [&](PlacedControl control) {
+    if (Contains(taken, control.name)) {
+      layout.problem = Contains(form.names, control.name)
+                           ? "The form has a control named " + control.name + " already."
+                           : "Two entries give the control name " + control.name + ".";
+      return false;
+    }
+    taken.push_back(control.name);
+    layout.controls.push_back(std::move(control));
+    return true;
+  };
   for (const ControlEntry& entry : entries) {
     const ControlKind& kind = *KindOf(entry.type);
     const std::string caption = CaptionOf(entry.name);
-    if (!kind.own_caption) {
-      placed.push_back({"VB.Label", UniqueName("lbl" + entry.name, taken),
-                        WithAccessKey(caption + ":", used), kMargin, top + 30, kLabelWidth,
-                        kLabelHeight, tab++});
-    }
-    placed.push_back({"VB." + std::string(kind.type),
-                      UniqueName(std::string(kind.prefix) + entry.name, taken),
-                      kind.own_caption ? WithAccessKey(caption, used) : "", input_left, top,
-                      kind.width, kind.height, tab++});
+    if (!kind.own_caption &&
+        !add({"VB.Label", ControlName("Label", entry.name, prefixes),
+              WithAccessKey(caption + ":", used), kMargin, top + 30, kLabelWidth, kLabelHeight,
+              tab++}))
+      return {{}, layout.problem};
+    if (!add({"VB." + std::string(kind.type), ControlName(kind.type, entry.name, prefixes),
+              kind.own_caption ? WithAccessKey(caption, used) : "", input_left, top, kind.width,
+              kind.height, tab++}))
+      return {{}, layout.problem};
     top += std::max(kind.height, kLabelHeight) + kMargin;
   }
-  return placed;
+  return layout;
 }
 
 FormState FormStateOf(ide::IDesigner& designer) {

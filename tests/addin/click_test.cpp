@@ -7,13 +7,13 @@
 
 #include "addin/class_builder.h"
 #include "addin/control_builder.h"
-#include "addin/select_enum_command.h"
 #include "addin/declaration_builders.h"
 #include "addin/explicit_arguments.h"
 #include "addin/export_file.h"
 #include "addin/fragment_commands.h"
 #include "addin/import_file.h"
 #include "addin/insert_variable.h"
+#include "addin/select_enum_command.h"
 #include "addin/tool_commands.h"
 #include "tests/addin/connect_fixture.h"
 #include "tests/support/code_lines.h"
@@ -116,9 +116,10 @@ TEST_F(ClickTest, EveryControlRunsItsOperationOrNothing) {
                                        RunVerifyShortcuts, RunSettingsDialog, RunAddVariable,
                                        RunAddConstant, RunAddProperty, RunNewBlock,
                                        RunAddBlockItem, RunCodeLineBuilder, RunTipOfTheDay,
-                               row.run == RunTipOfTheDay || row.run == RunAbout ||
-                               row.run == RunSelectFromEnum || row.run == RunAddClass ||
-                               row.run == RunAddControls;
+                                       RunAbout, RunImportFile, RunInsertVariable,
+                                       RunExplicitArguments, RunAddPathConstant,
+                                       RunSelectFromEnum, RunAddClass, RunSaveFragment,
+                                       RunAddControls}));
 }
 
 TEST_F(ClickTest, CodeCommandsDoNothingWithoutACodeWindow) {

@@ -19,10 +19,32 @@ TEST(ControlLayoutTest, CaptionsAndEntriesFromTheTypedList) {
 
   EXPECT_EQ(ParseControlEntries("Name, Paid As checkbox\r\nKind As ComboBox").entries.size(), 3u);
   EXPECT_EQ(ParseControlEntries("Paid As checkbox").entries[0].type, "CheckBox");
-  EXPECT_EQ(ParseControlEntries("Photo As Image").problem,
-            "The type Image of Photo is not one the builder lays out: TextBox, ComboBox, "
-            "ListBox, CheckBox, OptionButton.");
-  EXPECT_EQ(ParseControlEntries("Due date").problem, "'Due date' is not a name for a control.");
+  EXPECT_TRUE(ParseControlEntries(" \r\n , ").entries.empty());
+  const std::pair<std::string, std::string> refused[] = {
+      {"Photo As Image",
+       "The type Image of Photo is not one the builder lays out: TextBox, ComboBox, ListBox, "
+       "CheckBox, OptionButton."},
+      {"Due date", "'Due date' is not a name for a control."},
+      {"Paid, Total, paid As CheckBox", "paid is listed twice."},
+  };
+  for (const auto& [text, problem] : refused) EXPECT_EQ(ParseControlEntries(text).problem, problem);
+}
+
+// Names from the prefix table's rows when it has them; a clash with the
+// form is refused by name, and nothing is laid out then.
+TEST(ControlLayoutTest, NamesFollowThePrefixTableAndClashesAreRefused) {
+  const settings::TypePrefixTable prefixes({settings::ParseTypePrefixRow("TextBox Prefix", "tb")});
+  const auto laid = LayOutControls({{"Total", "TextBox"}, {"Paid", "CheckBox"}}, {}, prefixes);
+  ASSERT_EQ(laid.controls.size(), 3u);
+  EXPECT_EQ(laid.controls[1].name, "tbTotal");
+  EXPECT_EQ(laid.controls[2].name, "chkPaid");
+  EXPECT_EQ(ControlName("TextBox", "txtTotal", {}), "txtTotal");
+
+  FormState form;
+  form.names = {"TXTTOTAL"};
+  const auto clash = LayOutControls({{"Paid", "CheckBox"}, {"Total", "TextBox"}}, form);
+  EXPECT_EQ(clash.problem, "The form has a control named txtTotal already.");
+  EXPECT_TRUE(clash.controls.empty());
 }
 
 // Laid out on a real form: below its controls, tab order following the
@@ -39,7 +61,8 @@ TEST(ControlLayoutTest, AddsLabelledInputsBelowTheFormsControls) {
   const std::size_t conflicts = FindShortcutConflicts(CollectAccessKeys(*designer)).size();
   AddToForm(*designer, LayOutControls({{"Find", "TextBox"}, {"Paid", "CheckBox"},
                                        {"Kind", "ComboBox"}},
-                                      before));
+                                      before)
+                           .controls);
 
   const auto controls = designer->VBControls();
   const int first = controls->Count() - 5;
