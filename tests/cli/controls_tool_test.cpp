@@ -28,7 +28,8 @@ class ControlsToolTest : public ToolFixture {
 // Names and classes of the controls a --json run reports.
 std::vector<std::string> Placed(const std::string& out) {
   std::vector<std::string> placed;
-  for (const auto& control : nlohmann::json::parse(out)["controls"])
+  const nlohmann::json json = nlohmann::json::parse(out);
+  for (const auto& control : json["controls"])
     placed.push_back(control["name"].get<std::string>() + " " +
                      std::to_string(control["tabIndex"].get<int>()));
   return placed;
