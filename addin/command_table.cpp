@@ -5,6 +5,7 @@
 
 #include "addin/class_builder.h"
 #include "addin/command_host.h"
+#include "addin/control_builder.h"
 #include "addin/declaration_builders.h"
 #include "addin/explicit_arguments.h"
 #include "addin/explorer_commands.h"
@@ -66,7 +67,7 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(0, 103, kPicture, "mnuhAddVariable_Click", RunAddVariable),
     Entry(0, 102, kPicture, "mnuhAddConstant_Click", RunAddConstant),
     Entry(0, 105, kPicture, "mnuhAddProperty_Click", RunAddProperty),
-    Entry(0, 183, kPicture, "mnuhControlAdd_Click"),
+    Entry(0, 183, kPicture, "mnuhControlAdd_Click", RunAddControls),
     Entry(0, 182, kPicture, "mnuhInsertVariable_Click", RunInsertVariable),
     Entry(0, 101, kPicture | kGroup, "mnuhAddProcedure_Click", RunAddProcedure),
     Entry(0, 104, kPicture, "mnuhAddClass_Click", RunAddClass),
@@ -128,7 +129,7 @@ constexpr auto kTable = std::to_array<CommandRow>({
     Entry(1, 106, kPicture | kGroup, "mnuhTVRCodeLines_Click", RunCodeLineBuilder),
     Entry(1, 101, kPicture, "mnuhTVRAddProcedure_Click", RunAddProcedure),
     Entry(1, 104, kPicture, "mnuhTVRAddClass_Click", RunAddClass),
-    Entry(1, 183, kPicture | kTestingOnly, "mnuhTVRAddControl_Click"),
+    Entry(1, 183, kPicture | kTestingOnly, "mnuhTVRAddControl_Click", RunAddControls),
     Popup(1, 140, kGroup),  // "&If"
     Entry(2, 154, kPlain, "mnuhIfThen_Click", RunCodeLines, "If Then"),
     Entry(2, 155, kPlain, "mnuhIfThenElse_Click", RunCodeLines, "If Then Else"),

@@ -15,6 +15,7 @@ ConnectionState::ConnectionState(const HostServices& services, std::shared_ptr<i
       context_{*vbe_,     services_.ui,     services_.ide_options,
                &settings_, &services_.files, services_.dialogs} {
   context_.profiles = &services_.profiles;
+  context_.columns = services_.column_source;
   if (services_.type_library_reader) {
     type_libraries_.emplace(*services_.type_library_reader);
     context_.type_libraries = &*type_libraries_;

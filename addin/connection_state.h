@@ -36,6 +36,8 @@ struct HostServices {
   builders::DialogHost* dialogs = nullptr;
   // Reads type libraries; null: the libraries' members are not offered.
   scan::TypeLibraryReader* type_library_reader = nullptr;
+  // Reads database columns; null: the control builder takes typed lists only.
+  formtools::ColumnSource* column_source = nullptr;
 };
 
 // The marker file in the code root that adds the control builder to the

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "builders/dialog.h"
+#include "formtools/column_source.h"
 #include "fragments/settings.h"
 #include "ide/object_model.h"
 #include "platform/file_system.h"
@@ -31,6 +32,9 @@ struct Context {
   // Reads the projects' referenced type libraries for the builders' lists;
   // while null the builders offer what the projects declare only.
   scan::TypeLibraryScanner* type_libraries = nullptr;
+  // Reads a database table's columns for the control builder; while null
+  // its "From Database" fields are hidden.
+  formtools::ColumnSource* columns = nullptr;
 };
 
 }  // namespace tavrin::addin

@@ -46,5 +46,6 @@ Command AddSelectEnumCommand(CLI::App& app);
 Command AddFragmentsCommand(CLI::App& app);
 Command AddFragmentCommand(CLI::App& app);
 Command AddClassCommand(CLI::App& app);
+Command AddControlsCommand(CLI::App& app);
 
 }  // namespace tavrin::cli

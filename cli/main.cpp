@@ -52,7 +52,8 @@ int main(int argc, char **argv) {
       AddEnumCommand(app),       AddTypeCommand(app),
       AddCallCommand(app),       AddFragmentsCommand(app),
       AddFragmentCommand(app),   AddExplicitArgsCommand(app),
-      AddSelectEnumCommand(app), AddClassCommand(app)};
+      AddSelectEnumCommand(app), AddClassCommand(app),
+      AddControlsCommand(app)};
 
   const std::vector<std::string> arguments = tavrin::platform::Utf8Arguments(argc, argv);
   std::vector<const char*> argument_pointers;

@@ -233,6 +233,9 @@ class IDesigner {
   virtual ~IDesigner() = default;
   // Every control of the form, nested ones included, in the designer's order.
   virtual std::shared_ptr<ICollection<IControl>> VBControls() = 0;
+  // VBControls.Add: a new control of that class ("VB.TextBox") on the form,
+  // named as the IDE names them (Text1, Label1, ...).
+  virtual std::shared_ptr<IControl> AddControl(std::string_view prog_id) = 0;
 };
 
 class IComponent {

@@ -18,7 +18,7 @@ done
 packages=(
   cmake ninja-build g++ clang libclang-rt-dev
   googletest libgtest-dev libgmock-dev libbenchmark-dev
-  libcli11-dev nlohmann-json3-dev
+  libcli11-dev nlohmann-json3-dev libsqlite3-dev
   chromium highlight time
   famfamfam-silk imagemagick fonts-dejavu-core
 )

@@ -372,6 +372,13 @@ class ComDesigner : public ide::IDesigner, public ComWrapper {
     return std::make_shared<ComCollection<ide::IControl>>(
         object_.Wrap(object_.GetObject(member), member), "VBControl", MakeControl);
   }
+  std::shared_ptr<ide::IControl> AddControl(std::string_view prog_id) override {
+    const char* member = object_.Has("VBControls") ? "VBControls" : "Controls";
+    const Dispatch controls = object_.Wrap(object_.GetObject(member), member);
+    std::vector<Variant> args;
+    args.push_back(Variant::String(prog_id));
+    return MakeControl(controls.Wrap(controls.CallObject("Add", std::move(args)), "VBControl"));
+  }
 };
 
 class ComComponent : public ide::IComponent, public ComWrapper {

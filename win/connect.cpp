@@ -140,7 +140,8 @@ Connect::Connection::Connection(HWND main_window, const std::string& addin_folde
                                 platform::Icon::kExclamation, platform::kAppTitle);
               }),
       addin(addin::HostServices{ui, ide_options, settings_store, files, shell, profiles,
-                                settings_dialog, addin_folder, &dialogs, &type_libraries}) {}
+                                settings_dialog, addin_folder, &dialogs, &type_libraries,
+                                &columns}) {}
 
 HRESULT Connect::OnConnection(IDispatch* application, int connect_mode,
                               IDispatch* addin_instance, SAFEARRAY**) noexcept {

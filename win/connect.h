@@ -11,6 +11,7 @@
 
 #include "addin/connect.h"
 #include "platform/std_file_system.h"
+#include "win/ado_column_source.h"
 #include "win/calling_convention.h"
 #include "win/com_object.h"
 #include "win/com_ptr.h"
@@ -75,6 +76,7 @@ class Connect final : public IDTExtensibility2, public RefCounted {
     WindowsSettingsDialog settings_dialog;
     WindowsDialogHost dialogs;
     WindowsTypeLibraryReader type_libraries;
+    AdoColumnSource columns;
     addin::Connect addin;
     std::optional<MessageTimer> watcher;
   };

@@ -37,6 +37,18 @@ std::optional<std::size_t> RootLine(const std::vector<PhysicalLine>& header) {
 
 }  // namespace
 
+std::optional<std::size_t> RootEndLine(const std::vector<PhysicalLine>& header) {
+  const auto root = RootLine(header);
+  if (!root) return std::nullopt;
+  int depth = 0;
+  for (std::size_t i = *root; i < header.size(); ++i) {
+    const std::string_view word = FirstWord(header[i].text);
+    if (EqualsIgnoreCase(word, "Begin")) ++depth;
+    if (EqualsIgnoreCase(word, "End") && --depth == 0) return i;
+  }
+  return std::nullopt;
+}
+
 std::string RootProgId(const std::vector<PhysicalLine>& header) {
   const auto root = RootLine(header);
   if (!root) return {};

@@ -31,6 +31,10 @@ struct ControlLayout {
 // file order; empty when the header holds no designer block.
 std::vector<ControlLayout> ParseDesignerLayout(const std::vector<PhysicalLine>& header);
 
+// The header index of the root object's End line; nullopt when the block
+// has none.
+std::optional<std::size_t> RootEndLine(const std::vector<PhysicalLine>& header);
+
 // The designer class of the root object ("VB.Form", "VB.MDIForm"); empty
 // when there is none.
 std::string RootProgId(const std::vector<PhysicalLine>& header);

@@ -55,6 +55,44 @@ std::shared_ptr<ICollection<IControl>> MemoryDesigner::VBControls() {
   });
 }
 
+std::shared_ptr<IControl> MemoryDesigner::AddControl(std::string_view prog_id) {
+  const auto end = RootEndLine(source_->header());
+  const std::size_t dot = prog_id.rfind('.');
+  const std::string_view class_name = dot == std::string_view::npos ? prog_id : prog_id.substr(dot + 1);
+  if (!end || class_name.empty()) throw Error(5, "Invalid procedure call or argument");
+  const auto& layout = Layout();
+  const std::size_t layout_size = layout.size();
+  std::string name;
+  for (int number = 1; name.empty(); ++number) {
+    std::string candidate = std::string(class_name == "TextBox" ? "Text" : class_name) +
+                            std::to_string(number);
+    if (std::none_of(layout.begin(), layout.end(), [&](const ControlLayout& control) {
+          return EqualsIgnoreCase(control.name, candidate);
+        }))
+      name = std::move(candidate);
+  }
+  const std::string indent = Leading(source_->header()[*end].text) + "   ";
+  source_->InsertHeader(*end, indent + "End");
+  source_->InsertHeader(*end, indent + "Begin " + std::string(prog_id) + " " + name);
+  layout_.reset();
+  const std::size_t ordinal = [&] {
+    const auto& now = Layout();
+    for (std::size_t i = 0; i < now.size(); ++i)
+      if (now[i].name == name) return i;
+    throw Error(5, "Invalid procedure call or argument");
+  }();
+  // The properties the IDE gives a control drawn with one click, so that
+  // Properties lists them as it does.
+  for (const std::string_view captioned : {"Label", "CheckBox", "OptionButton", "CommandButton", "Frame"})
+    if (class_name == captioned) WriteProperty(ordinal, "Caption", name);
+  WriteProperty(ordinal, "Height", "255");
+  WriteProperty(ordinal, "Left", "0");
+  WriteProperty(ordinal, "TabIndex", std::to_string(layout_size));
+  WriteProperty(ordinal, "Top", "0");
+  WriteProperty(ordinal, "Width", "1215");
+  return std::make_shared<MemoryControl>(shared_from_this(), ordinal);
+}
+
 const std::vector<ControlLayout>& MemoryDesigner::Layout() {
   if (!layout_) {
     layout_ = ParseDesignerLayout(source_->header());

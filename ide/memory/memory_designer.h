@@ -23,6 +23,8 @@ class MemoryDesigner : public IDesigner, public std::enable_shared_from_this<Mem
   explicit MemoryDesigner(std::shared_ptr<SourceFile> source);
 
   std::shared_ptr<ICollection<IControl>> VBControls() override;
+  // A Begin ... End block before the form's own End line.
+  std::shared_ptr<IControl> AddControl(std::string_view prog_id) override;
 
   // By control ordinal (0-based, file order). Reading a property the control
   // does not have raises ide::Error (9); writing one adds its line.

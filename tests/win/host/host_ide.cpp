@@ -193,7 +193,14 @@ ComPtr<IDispatch> MakeDesigner(std::shared_ptr<IDesigner> designer) {
       Property(L"VBControls",
                [designer] {
                  return Variant::Object(
-                     MakeCollection<IControl>(designer->VBControls(), &MakeControl).get());
+                     MakeCollection<IControl>(
+                         designer->VBControls(), &MakeControl, nullptr,
+                         {Method(L"Add", 1, 3,
+                                 [designer](HostCall& call) {
+                                   return ObjectOf<IControl>(
+                                       designer->AddControl(call.String(0)), &MakeControl);
+                                 })})
+                         .get());
                }),
   }, designer);
 }
