@@ -97,7 +97,8 @@ Command AddHtmlCommand(CLI::App& app) {
   auto* page_template = command->add_option(
       "--template", arguments->template_path,
       "The page template (default: vb2htmltemplate.htm in the add-in's folder)");
-  auto* output = command->add_option("-o,--output", arguments->output_path, "Write to OUT");
+  [[maybe_unused]] auto* output =
+      command->add_option("-o,--output", arguments->output_path, "Write to OUT");
   fragment->excludes(page_template);
 #ifndef _WIN32
   // The Windows tool gets --open with the Windows shell.

@@ -45,7 +45,9 @@ TEST_F(SelectEnumToolTest, WritesTheBlockAndNamesTheLibrariesItCannotRead) {
     SCOPED_TRACE(row.arguments[0]);
     const ToolRun run = Run(row.arguments);
     EXPECT_EQ(run.status, row.status) << run.err;
-    if (!row.out.empty()) EXPECT_EQ(run.out, row.out);
+    if (!row.out.empty()) {
+      EXPECT_EQ(run.out, row.out);
+    }
     EXPECT_NE(run.err.find(row.err), std::string::npos) << run.err;
   }
   // Each library is named once.

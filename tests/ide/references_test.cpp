@@ -46,8 +46,9 @@ TEST(VbpReferences, ReadsReferenceAndObjectLines) {
     EXPECT_EQ(got.path, row.expected.path);
     EXPECT_EQ(got.description, row.expected.description);
     // The line the project file gets back reads the same.
-    if (!got.is_control && !got.is_project)
+    if (!got.is_control && !got.is_project) {
       EXPECT_EQ(ParseVbp(VbpReferenceLine(got)).references[0].minor, got.minor);
+    }
   }
 }
 

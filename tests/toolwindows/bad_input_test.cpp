@@ -134,14 +134,17 @@ TEST(ToolWindowsBadInputTest, ShowWhatTheyCanAndRaiseNothing) {
     ASSERT_FALSE(search.Results().empty());
     EXPECT_EQ(search.Results().front().entry->name, test.first_found);
     EXPECT_EQ(tab_order.Stops().size(), test.tab_stops);
-    if (test.tab_stops > 0) EXPECT_EQ(tab_order.Stops().front().name, test.first_by_position);
+    if (test.tab_stops > 0) {
+      EXPECT_EQ(tab_order.Stops().front().name, test.first_by_position);
+    }
   }
 }
 
 // The frames of a large form keep their children right behind them.
 TEST(ToolWindowsBadInputTest, TenThousandControlsKeepTheirContainers) {
   const auto vbe = ide::memory::MemoryVbe::Create();
-  const auto form = vbe->AddProject("Project1")->AddSourceFile("frmBig.frm", TenThousandControls()).value();
+  const auto form =
+      vbe->AddProject("Project1")->AddSourceFile("frmBig.frm", TenThousandControls()).value();
   toolwindows::TabOrder order(*form->Designer());
   order.OrderByPosition();
   const auto& stops = order.Stops();
@@ -149,7 +152,9 @@ TEST(ToolWindowsBadInputTest, TenThousandControlsKeepTheirContainers) {
   for (std::size_t i = 0; i < stops.size(); ++i) {
     const bool frame = i % 10 == 0;
     ASSERT_EQ(stops[i].depth, frame ? 0 : 1) << i;
-    if (!frame) ASSERT_EQ(stops[i].container, stops[i - i % 10].name) << i;
+    if (!frame) {
+      ASSERT_EQ(stops[i].container, stops[i - i % 10].name) << i;
+    }
   }
   EXPECT_EQ(stops[1].name, "txt0000_0");
   EXPECT_EQ(stops[10].name, "fra0001");

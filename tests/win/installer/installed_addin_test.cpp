@@ -62,8 +62,9 @@ std::vector<Expected> ExpectedValues() {
   const std::wstring clsid = std::wstring(L"Software\\Classes\\CLSID\\") + win::kConnectClsidText;
   const std::wstring folder = InstallFolder();
   std::vector<Expected> values;
-  for (const auto& [view, dll] : {std::pair{KEY_WOW64_32KEY, L"Tavrin.dll"},
-                                  std::pair{KEY_WOW64_64KEY, L"Tavrin64.dll"}}) {
+  using View = std::pair<REGSAM, const wchar_t*>;
+  for (const auto& [view, dll] :
+       {View{KEY_WOW64_32KEY, L"Tavrin.dll"}, View{KEY_WOW64_64KEY, L"Tavrin64.dll"}}) {
     values.push_back({view, clsid, L"", win::kConnectClassName});
     values.push_back({view, clsid + L"\\InprocServer32", L"", folder + dll});
     values.push_back({view, clsid + L"\\InprocServer32", L"ThreadingModel", L"Apartment"});
@@ -85,10 +86,11 @@ std::vector<Expected> ExpectedValues() {
   const std::wstring progid = std::wstring(L"Software\\Classes\\") + win::kConnectProgId;
   values.push_back({KEY_WOW64_64KEY, progid, L"", win::kConnectClassName});
   values.push_back({KEY_WOW64_64KEY, progid + L"\\CLSID", L"", win::kConnectClsidText});
+  using List = std::pair<REGSAM, const wchar_t*>;
   for (const auto& [view, list] :
-       {std::pair{KEY_WOW64_32KEY, L"Software\\Microsoft\\VBA\\VBE\\6.0\\Addins\\"},
-        std::pair{KEY_WOW64_32KEY, L"Software\\Microsoft\\Visual Basic\\6.0\\Addins\\"},
-        std::pair{KEY_WOW64_64KEY, L"Software\\Microsoft\\VBA\\VBE\\6.0\\Addins64\\"}}) {
+       {List{KEY_WOW64_32KEY, L"Software\\Microsoft\\VBA\\VBE\\6.0\\Addins\\"},
+        List{KEY_WOW64_32KEY, L"Software\\Microsoft\\Visual Basic\\6.0\\Addins\\"},
+        List{KEY_WOW64_64KEY, L"Software\\Microsoft\\VBA\\VBE\\6.0\\Addins64\\"}}) {
     const std::wstring key = list + std::wstring(win::kConnectProgId);
     values.push_back({view, key, L"FriendlyName", win::kAddinFriendlyName});
     values.push_back({view, key, L"Description", win::kAddinDescription});
