@@ -4,19 +4,11 @@
 
 #include "addin/code_line_commands.h"
 #include "addin/code_pane.h"
+#include "addin/pane_command.h"
 #include "base/text.h"
 #include "scan/project_scanner.h"
 
 namespace tavrin::addin {
-namespace {
-
-void Tell(Context& context, std::string_view text) {
-  context.ui.MessageBox(text, platform::Buttons::kOk, platform::Icon::kExclamation,
-                        platform::kAppTitle);
-}
-
-}  // namespace
-
 builders::ClassTarget ClassTargetOf(Context& context, ide::IProject& project) {
   builders::ClassTarget target;
   target.project_name = project.Name();
@@ -63,11 +55,11 @@ std::shared_ptr<ide::IComponent> AddClassModule(ide::IProject& project,
 bool AddClass(Context& context) {
   const auto project = context.vbe.ActiveVBProject();
   if (!project) {
-    Tell(context, "Open a project to add a class to.");
+    TellExclamation(context, "Open a project to add a class to.");
     return false;
   }
   if (!context.dialogs) {
-    Tell(context, "Add Class needs the add-in's dialogs, which this host does not provide.");
+    TellExclamation(context, "Add Class needs the add-in's dialogs, which this host does not provide.");
     return false;
   }
   try {
@@ -79,7 +71,7 @@ bool AddClass(Context& context) {
     AddClassModule(*project, dialog);
     return true;
   } catch (const ide::Error& error) {
-    Tell(context, std::string("The class could not be added: ") + error.what());
+    TellExclamation(context, std::string("The class could not be added: ") + error.what());
     return false;
   }
 }

@@ -2,30 +2,22 @@
 
 #include <string>
 
+#include "addin/pane_command.h"
 #include "builders/control_dialog.h"
 #include "fragments/settings.h"
 #include "formtools/control_layout.h"
 #include "formtools/verify_shortcuts.h"
 
 namespace tavrin::addin {
-namespace {
-
-void Tell(Context& context, std::string_view text) {
-  context.ui.MessageBox(text, platform::Buttons::kOk, platform::Icon::kExclamation,
-                        platform::kAppTitle);
-}
-
-}  // namespace
-
 bool AddControls(Context& context) {
   if (!context.dialogs) {
-    Tell(context, "Add Control needs the add-in's dialogs, which this host does not provide.");
+    TellExclamation(context, "Add Control needs the add-in's dialogs, which this host does not provide.");
     return false;
   }
   try {
     const auto designer = formtools::ActiveFormDesigner(context.vbe);
     if (!designer) {
-      Tell(context, "You must select a form!");
+      TellExclamation(context, "You must select a form!");
       return false;
     }
     std::string form_name;
@@ -39,7 +31,7 @@ bool AddControls(Context& context) {
     formtools::AddToForm(*designer, layout.controls);
     return !layout.controls.empty();
   } catch (const ide::Error& error) {
-    Tell(context, std::string("The controls could not be added: ") + error.what());
+    TellExclamation(context, std::string("The controls could not be added: ") + error.what());
     return false;
   }
 }

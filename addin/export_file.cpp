@@ -1,17 +1,13 @@
 #include "addin/export_file.h"
 
 #include "addin/command_host.h"
+#include "addin/pane_command.h"
 #include "builders/file_dialog.h"
 
 namespace tavrin::addin {
 namespace {
 
 using ide::ComponentType;
-
-void Tell(Context& context, const std::string& text) {
-  context.ui.MessageBox(text, platform::Buttons::kOk, platform::Icon::kExclamation,
-                        platform::kAppTitle);
-}
 
 std::string_view Extension(ComponentType type) {
   switch (type) {
@@ -59,7 +55,7 @@ bool ExportFile(Context& context, ide::IComponent& component) {
     component.Export(path);
     return true;
   } catch (const ide::Error& error) {
-    Tell(context, "Cannot export " + component.Name() + " to '" + path + "': " + error.what());
+    TellExclamation(context, "Cannot export " + component.Name() + " to '" + path + "': " + error.what());
     return false;
   }
 }
@@ -68,7 +64,7 @@ void RunExportFile(CommandHost& host, std::string_view) {
   Context& context = host.CommandContext();
   const auto pane = context.vbe.ActiveCodePane();
   if (!pane) {
-    Tell(context, "Open the code of the component to export.");
+    TellExclamation(context, "Open the code of the component to export.");
     return;
   }
   ExportFile(context, *pane->CodeModule()->Parent());

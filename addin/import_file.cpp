@@ -3,38 +3,30 @@
 #include <string>
 
 #include "addin/command_host.h"
+#include "addin/pane_command.h"
 #include "builders/file_dialog.h"
 #include "ide/memory/component_kind.h"
 
 namespace tavrin::addin {
-namespace {
-
-void Tell(Context& context, const std::string& text) {
-  context.ui.MessageBox(text, platform::Buttons::kOk, platform::Icon::kExclamation,
-                        platform::kAppTitle);
-}
-
-}  // namespace
-
 bool ImportFile(Context& context) {
   if (!context.dialogs || !context.files) return false;
   const auto project = context.vbe.ActiveVBProject();
   if (!project) {
-    Tell(context, "Open a project to import a file into.");
+    TellExclamation(context, "Open a project to import a file into.");
     return false;
   }
   builders::FileDialog dialog("Import File", "&File:", *context.files);
   if (!context.dialogs->Show(dialog)) return false;
   const std::string path = dialog.Path();
   if (!ide::memory::IsSourceFileName(path)) {
-    Tell(context, "'" + path + "' is not a Visual Basic source file.");
+    TellExclamation(context, "'" + path + "' is not a Visual Basic source file.");
     return false;
   }
   try {
     project->VBComponents()->Import(path);
     return true;
   } catch (const ide::Error& error) {
-    Tell(context, "Cannot import '" + path + "': " + error.what());
+    TellExclamation(context, "Cannot import '" + path + "': " + error.what());
     return false;
   }
 }

@@ -15,6 +15,9 @@ inline void TellUser(Context& context, std::string_view text,
                      platform::Icon icon = platform::Icon::kInformation) {
   context.ui.MessageBox(text, platform::Buttons::kOk, icon, platform::kAppTitle);
 }
+inline void TellExclamation(Context& context, std::string_view text) {
+  TellUser(context, text, platform::Icon::kExclamation);
+}
 
 // `steps` answers true when it changed the code.
 template <typename Steps>

@@ -12,18 +12,7 @@
 namespace tavrin::testing {
 namespace {
 
-class ControlsToolTest : public ToolFixture {
- protected:
-  ToolRun Run(std::vector<std::string> arguments) {
-    arguments.insert(arguments.end(), {"--addin-dir", addin_});
-    return ToolFixture::Run(arguments);
-  }
-
-  std::string addin_ = [this] {
-    std::filesystem::create_directories(folder_.path() / "addin");
-    return folder_.File("addin");
-  }();
-};
+using ControlsToolTest = AddinToolFixture;
 
 // Names and classes of the controls a --json run reports.
 std::vector<std::string> Placed(const std::string& out) {
